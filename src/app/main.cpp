@@ -1,0 +1,7 @@
+// platform: the program's entry.
+#include "app/program.h"
+
+int main()
+{
+    kq::run_program();
+}

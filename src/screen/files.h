@@ -1,0 +1,78 @@
+// platform: checked file calls. A file is complete or not there: it is written under a temporary name in the
+// same directory and put in place by rename(2).
+#pragma once
+
+#include <cstdio>
+#include <ctime>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kq {
+
+struct FileCloser {
+    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, FileCloser>;
+
+bool exists(const std::string& path);
+bool readable(const std::string& path);
+
+// fopen; failure is fatal: "Problem in opening file %s".
+File ffopen(const std::string& path, const char* mode);
+// Nonzero without doing anything when the file does not exist, 0 when removed; failure is fatal.
+int rremove(const std::string& path);
+// Moves the file by a complete copy put in place by rename(2): the new file has the mode of a fresh file.
+// A target that exists is fatal.
+void rrename(const std::string& from, const std::string& to);
+
+// Writes a whole new file safely: buffered, every write checked, flushed to disk, then renamed to `path`.
+// Nothing is left behind when it is destroyed before commit() or when any step fails.
+class NewFile {
+public:
+    explicit NewFile(std::string path); // temporary name beside it
+    NewFile(std::string path, std::string temporary);
+    ~NewFile();
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+
+    void write(std::string_view bytes);
+    bool finish(); // everything flushed to disk and closed; false after any failure
+    bool commit(); // finish, then rename to the path
+    // What failed, with the system's reason; empty while all is well.
+    const std::string& error() const { return error_; }
+
+private:
+    std::string path_, temporary_, error_;
+    std::string pending_;
+    int fd_ = -1;
+    bool finished_ = false;
+    void fail(std::string_view what);
+    void flush();
+};
+
+// Copies a file's bytes into `target` (as NewFile does); empty on success, else what failed.
+std::string copy_file_safely(const std::string& from, const std::string& target);
+
+// Why a file of about `bytes` more bytes cannot be written into the directory; empty when nothing speaks
+// against it (the directory exists, can be written, has room).
+std::string cannot_write(const std::string& directory, unsigned long long bytes);
+
+// The names (without directory) of the entries of `directory` ending in `suffix`, in byte order; names that
+// begin with "." are left out.
+std::vector<std::string> list_files(const std::string& directory, std::string_view suffix);
+
+// The path cut at its first "." (of the whole path, directories included), with `extension` (".bak") added.
+std::string with_extension(std::string_view path, std::string_view extension);
+
+// "%s %d %s %d at %d hours %d": day name, day, month name, year, hour, minute of the local time.
+std::string date();
+// "%d %s %d at %d hours %d" of the file's last modification.
+std::string date_fichier(const std::string& path);
+// The clock's seam: tests set a fixed time; null = time().
+void set_clock(std::time_t (*now)());
+std::time_t current_time();
+
+} // namespace kq

@@ -1,0 +1,95 @@
+// screen: the text-cell layer: a grid of characters with colours, drawn over the raster interface.
+//
+// Lines and columns are 1-based in all calls and relative to the current text window; colours are palette
+// indices. The grid of cells is kept beside the pixels: a cell that would not change is not drawn again.
+// Output is clipped to the screen, never to the text window.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kq {
+
+// ---- geometry; written by read_config_pyx, the geometry dialog and the options file's defaults
+// --------------
+
+inline constexpr int default_font_type = 0, default_cell_height = 14, default_cell_width = 8;
+inline constexpr int default_lines = 34, default_columns = 80;
+inline constexpr int min_lines = 20, max_lines = 200, min_columns = 20, max_columns = 200;
+
+extern int _nb_line, _nb_col; // screen size in cells
+extern int _gr_size_x;        // height of a cell in pixels. Deliberate: the two names are the reverse
+extern int _gr_size_y;        // width of a cell in pixels   of what one would expect.
+extern int _type_font;        // 0 built-in PC fonts, 1 "courrier" files, 2 "xm" files
+
+// ---- text state; written by the calls below
+// ------------------------------------------------------------------
+
+extern int x1_win, y1_win, x2_win, y2_win; // first line, first column, last line, last column of the text
+                                           // window in screen cells, 0-based
+extern int x_c, y_c;                       // cursor line and column inside the window, 0-based
+extern int color_c, bgcolor_c;             // current text and background colours
+extern int xold, yold;                     // pen position in pixels
+extern const unsigned char* egacolors;     // the sixteen basic colours; egacolors[i] == i
+
+// Colours by their index in egacolors.
+namespace color {
+inline constexpr int black = 0, blue = 1, green = 2, cyan = 3, red = 4, magenta = 5, brown = 6,
+                     light_grey = 7;
+inline constexpr int dark_grey = 8, light_blue = 9, light_green = 10, light_cyan = 11, light_red = 12;
+inline constexpr int light_magenta = 13, yellow = 14, white = 15;
+} // namespace color
+
+void _settextwindow(int l1, int c1, int l2, int c2);
+void _settextposition(int l, int c);
+void _gettextposition(int* l, int* c);
+// Draws from the cursor cell, background filled; the cursor stays, nothing wraps. Control and non-ASCII
+// bytes are drawn with the font's own glyphs.
+void _outtext(std::string_view text);
+void _outchar(char c);
+void _settextcolor(int c);
+void _setbgcolor(int c);
+// 1 = current text window, 0 = whole screen; fills with colour 0.
+void _clearscreen(int mode);
+
+// ---- lines and shapes, in pixels; recorded in the cells they cross
+// ---------------------------------------------
+
+void _moveto(int x, int y);
+void _lineto(int x, int y); // in the current text colour; the pen moves there
+void _filled_circle(int x, int y, int radius, int c);
+
+// Sets the text window to the box, clears it, draws a frame in `c` through the centres of its border cells
+// and leaves `c` as the text colour. Text in such a box starts at line 2, column 3. A box that does not fit
+// is moved and clipped into the screen.
+void window_hp(int l1, int c1, int l2, int c2, int c);
+
+// ---- the block cursor
+// ---------------------------------------------------------------------------------------------
+
+void _display_cursor(int l, int c);
+void _clean_cursor();
+
+// ---- what is on the screen (tests, screen dumps)
+// ---------------------------------------------------------------------
+
+// One cell: its character (blank where a shape is drawn), colours, and the shapes that cross it.
+struct Cell {
+    unsigned char ch = ' ';
+    unsigned char fg = 7, bg = 0;
+    unsigned char shape = 0; // bits of Shape
+    bool operator==(const Cell&) const = default;
+};
+enum Shape : unsigned char { shape_horizontal = 1, shape_vertical = 2, shape_disc = 4 };
+
+const Cell& screen_cell(int line, int column); // 1-based, of the whole screen
+std::string screen_line(int line); // the characters of one line; frames as '-', '|', '+', discs 'o'
+// The golden form: each line closed by "|"; below it, where not default, a line "fg ..." and a line "bg ..."
+// with one character a cell (0-9a-f for the basic colours, g-z A-Z for further entries).
+std::string screen_dump();
+
+// Forgets the grid's contents and sizes it to _nb_line x _nb_col; called when the window is (re)opened.
+void reset_text_screen();
+
+} // namespace kq

@@ -1,0 +1,35 @@
+// model: the selection of species for the ensemble under construction.
+#pragma once
+
+#include "core/store.h"
+
+#include <array>
+#include <span>
+
+namespace kq {
+
+// Selection rank per row: -1 = not selected, else 1..nb_retenu without holes.
+extern std::array<int, max_species> retenu;
+extern int nb_retenu;
+// 0 = belongs to another ensemble than the one being built, -1 otherwise.
+extern std::array<int, max_species> drap_select;
+// The species that an operation works on, or a sub-screen shows.
+extern std::array<int, max_species> cor;
+extern int nb_spec_gro;
+
+void select_species(int species);   // next rank, counts up; nothing when selected, destroyed or masked
+void deselect_species(int species); // higher ranks close up, counts down; nothing when not selected
+void deselect_many(std::span<const int> list); // the same for many, in one pass
+void clear_selection();                        // all ranks -1, all nbret_groupe 0
+// Makes the selection exactly these species, in this order; counts recounted.
+void set_selection(std::span<const int> ranked);
+// cor = the selected species by rank.
+void chercher_specie_retenue();
+// Moves a species to another group (and family): counts of assigned and, when selected, selected species
+// follow.
+void move_species_to_group(int species, int family, int group);
+
+std::string selection_error(); // empty, or the first broken invariant (ranks, counts)
+void selection_reset();
+
+} // namespace kq
