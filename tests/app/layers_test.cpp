@@ -122,10 +122,11 @@ TEST(Layers, KernelsIncludeKernelsOnly)
     std::map<std::string, std::string> kind; // of each header
     for (const auto& file : files)
         kind[file.path] = file.first_line.substr(3, file.first_line.find(':') - 3);
-    for (const auto& file : files)
-        if (kind[file.path] == "kernel")
-            for (const auto& include : file.includes)
-                EXPECT_EQ(kind[include], "kernel") << file.path << " includes " << include;
+    for (const auto& file : files) {
+        if (kind[file.path] != "kernel") continue;
+        for (const auto& include : file.includes)
+            EXPECT_EQ(kind[include], "kernel") << file.path << " includes " << include;
+    }
 }
 
 TEST(Layers, EachGlobalIsDeclaredInOneHeader)
