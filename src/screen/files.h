@@ -64,6 +64,9 @@ std::string cannot_write(const std::string& directory, unsigned long long bytes)
 // begin with "." are left out.
 std::vector<std::string> list_files(const std::string& directory, std::string_view suffix);
 
+// What went wrong with a file and the system's reason (errno), for a warning: "<what> <path> (<reason>)".
+std::string file_problem(std::string_view what, std::string_view path, int error_number);
+
 // The path cut at its first "." (of the whole path, directories included), with `extension` (".bak") added.
 std::string with_extension(std::string_view path, std::string_view extension);
 

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kq {
 
@@ -19,5 +20,8 @@ void copy_field(std::span<char> field, std::string_view text);
 [[gnu::format(printf, 1, 2)]] std::string text_format(const char* format, ...);
 // The text cut or padded with blanks to exactly `width` characters.
 std::string padded(std::string_view text, int width);
+// The text in rows of at most `width` characters (at least 1), broken at blanks where there are any, else
+// anywhere; one empty row for an empty text.
+std::vector<std::string> wrap_text(std::string_view text, int width);
 
 } // namespace kq

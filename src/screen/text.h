@@ -5,26 +5,25 @@
 // Output is clipped to the screen, never to the text window.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace kq {
 
-// ---- geometry; written by read_config_pyx, the geometry dialog and the options file's defaults
-// --------------
+// ---- geometry; written by read_config_pyx, the geometry dialog and the options file's defaults ------------
 
 inline constexpr int default_font_type = 0, default_cell_height = 14, default_cell_width = 8;
 inline constexpr int default_lines = 34, default_columns = 80;
 inline constexpr int min_lines = 20, max_lines = 200, min_columns = 20, max_columns = 200;
+inline constexpr int min_cell_height = 5, max_cell_height = 64, min_cell_width = 4, max_cell_width = 32;
 
 extern int _nb_line, _nb_col; // screen size in cells
 extern int _gr_size_x;        // height of a cell in pixels. Deliberate: the two names are the reverse
 extern int _gr_size_y;        // width of a cell in pixels   of what one would expect.
 extern int _type_font;        // 0 built-in PC fonts, 1 "courrier" files, 2 "xm" files
 
-// ---- text state; written by the calls below
-// ------------------------------------------------------------------
+// ---- text state; written by the calls below ---------------------------------------------------------------
 
 extern int x1_win, y1_win, x2_win, y2_win; // first line, first column, last line, last column of the text
                                            // window in screen cells, 0-based
@@ -41,6 +40,16 @@ inline constexpr int dark_grey = 8, light_blue = 9, light_green = 10, light_cyan
 inline constexpr int light_magenta = 13, yellow = 14, white = 15;
 } // namespace color
 
+// One cell: its character, colours, and the shapes that cross it. A blank has no foreground to see: it is
+// kept as 7, or as the colour of the shape drawn there.
+struct Cell {
+    unsigned char ch = ' ';
+    unsigned char fg = 7, bg = 0;
+    unsigned char shape = 0; // bits of Shape
+    bool operator==(const Cell&) const = default;
+};
+enum Shape : unsigned char { shape_horizontal = 1, shape_vertical = 2, shape_disc = 4 };
+
 void _settextwindow(int l1, int c1, int l2, int c2);
 void _settextposition(int l, int c);
 void _gettextposition(int* l, int* c);
@@ -48,13 +57,15 @@ void _gettextposition(int* l, int* c);
 // bytes are drawn with the font's own glyphs.
 void _outtext(std::string_view text);
 void _outchar(char c);
+// Draws a run of cells, each with its own colours, from (line, column) of the text window; neither the cursor
+// nor the current colours change. The shapes of the given cells are not looked at.
+void _outcells(int line, int column, std::span<const Cell> cells);
 void _settextcolor(int c);
 void _setbgcolor(int c);
 // 1 = current text window, 0 = whole screen; fills with colour 0.
 void _clearscreen(int mode);
 
-// ---- lines and shapes, in pixels; recorded in the cells they cross
-// ---------------------------------------------
+// ---- lines and shapes, in pixels; recorded in the cells they cross ----------------------------------------
 
 void _moveto(int x, int y);
 void _lineto(int x, int y); // in the current text colour; the pen moves there
@@ -65,31 +76,34 @@ void _filled_circle(int x, int y, int radius, int c);
 // is moved and clipped into the screen.
 void window_hp(int l1, int c1, int l2, int c2, int c);
 
-// ---- the block cursor
-// ---------------------------------------------------------------------------------------------
+// A box in screen cells, 1-based, corners included.
+struct Box {
+    int l1, c1, l2, c2;
+};
+// The box moved, and where it is too large cut, so that it lies on the screen: where window_hp puts it.
+Box fit_box(Box box);
+
+// ---- the block cursor -------------------------------------------------------------------------------------
 
 void _display_cursor(int l, int c);
 void _clean_cursor();
 
-// ---- what is on the screen (tests, screen dumps)
-// ---------------------------------------------------------------------
-
-// One cell: its character (blank where a shape is drawn), colours, and the shapes that cross it.
-struct Cell {
-    unsigned char ch = ' ';
-    unsigned char fg = 7, bg = 0;
-    unsigned char shape = 0; // bits of Shape
-    bool operator==(const Cell&) const = default;
-};
-enum Shape : unsigned char { shape_horizontal = 1, shape_vertical = 2, shape_disc = 4 };
+// ---- what is on the screen (tests, screen dumps) ----------------------------------------------------------
 
 const Cell& screen_cell(int line, int column); // 1-based, of the whole screen
-std::string screen_line(int line); // the characters of one line; frames as '-', '|', '+', discs 'o'
-// The golden form: each line closed by "|"; below it, where not default, a line "fg ..." and a line "bg ..."
-// with one character a cell (0-9a-f for the basic colours, g-z A-Z for further entries).
+// The characters of one line; where a shape is drawn and no character stands, '-', '|', '+' or, for discs,
+// 'o'. Bytes that are not printable ASCII show as '?'.
+std::string screen_line(int line);
+// The golden form: each line after its number and closed by "|"; below it, where not default, a line " fg
+// ..." and a line " bg ..." with one character a cell ('.' for the default 7 on 0, else 0-9a-f for the basic
+// colours, g-z A-Z for entries 16 to 61, '#' for further ones), trailing '.' left out.
 std::string screen_dump();
 
-// Forgets the grid's contents and sizes it to _nb_line x _nb_col; called when the window is (re)opened.
+// Shows at once what has been drawn (progress of a long computation).
+void present_screen();
+
+// Forgets the grid's contents and sizes it to _nb_line x _nb_col, the text window to all of it, the colours
+// to 7 on 0; called when the window is (re)opened.
 void reset_text_screen();
 
 } // namespace kq
