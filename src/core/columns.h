@@ -1,13 +1,7 @@
-// model: per-column counts of residue classes, and the hidden columns that follow from them.
-//
-// Counts are kept for the sets of rows in use: all ensembles together (a species in two ensembles counts
-// twice), all species, and each collapsed ensemble. core/edit.h keeps them exact by the change alone; a set
-// whose counts are out of date is counted anew when it is next asked for. What reads counts never scans rows.
+// model: the hidden columns, computed from the column counts.
 #pragma once
 
-#include <cstdint>
-#include <span>
-#include <string>
+#include "core/column_counts.h"
 
 namespace kq {
 
@@ -18,42 +12,19 @@ extern int nb_nuc; // number of columns shown
 
 // Allocates delcom for `columns` columns; false when memory is refused.
 bool columns_allocate(int columns);
+// Makes room for `columns` columns; false when memory is refused. The flags read as before either way.
+bool columns_reserve(int columns);
+// The alignment has grown to `columns`, for which there is room: the new columns are shown until the next
+// recompute_hidden.
+void columns_extend(int old_columns, int columns);
 // Releases delcom and every count.
 void columns_release();
 
 // Recomputes delcom and nb_nuc: hidden = every species of every ensemble has a gap-class character ("*",
-// blank,
-// "$", "-") there. With show_all every column is shown. Returns how many hidden columns at or before
+// blank, "$",
+// "-") there. With show_all every column is shown. Returns how many hidden columns at or before
 // `position` stopped being hidden minus how many became hidden. nb_nuc may become 0: the caller decides what
 // that means.
 int recompute_hidden(bool show_all, int position);
-
-// The sets that counts are kept for.
-enum class CountedSet { ensembles, species, ensemble };
-
-// The counts of a set: `codes` rows (the residue codes, then the blanks) of nb_nuc_tot counters each.
-// count(code, column); blank(column) counts the blanks alone (they are counted under the unknown code too).
-// Characters without a code are in no counter.
-struct ColumnCounts {
-    int members = 0; // rows counted, with multiplicity
-    int codes = 0;   // number of residue codes
-    int columns = 0;
-    std::span<const std::uint16_t> narrow; // code-major, (codes + 1) x columns; used when members <= 65535
-    std::span<const std::uint32_t> wide;   // else
-    std::uint32_t count(int code, int column) const;
-    std::uint32_t blank(int column) const { return count(codes, column); }
-};
-// Counts the set anew first when its counts are out of date. `ensemble` is read for CountedSet::ensemble
-// only.
-const ColumnCounts& column_counts(CountedSet set, int ensemble = 0);
-
-// Columns whose counts may have changed since a consumer last took note: [first, last), empty when first >=
-// last.
-struct DirtyRange {
-    int first = 0, last = 0;
-};
-
-// Empty, or the first counter that differs from a plain recount of the rows (slow; tests and debug builds).
-std::string columns_error();
 
 } // namespace kq

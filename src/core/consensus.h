@@ -20,6 +20,12 @@ extern std::array<unsigned char*, 50> val_seq_cons;
 
 // Allocates both strings of one ensemble. The name of the string that could not be had, or "".
 std::string consensus_allocate(int ensemble, int columns);
+// Makes room for `columns` columns in every allocated string; false when memory is refused. The strings read
+// as before either way.
+bool consensus_reserve(int columns);
+// The alignment has grown to `columns`, for which there is room: the new places are blanks at level 0 until
+// the next computation.
+void consensus_extend(int old_columns, int columns);
 void consensus_release();
 
 // Fills ligne_consensus for opt_consensus 1 or 2; does nothing when it is 0. Only columns that changed since

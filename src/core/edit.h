@@ -33,18 +33,20 @@ private:
 };
 
 // ---- characters
-// ------------------------------------------------------------------------------------------------
 
-// Moves the text from p on n places right in each row and fills the gap with c. The last n characters of the
-// alignment are dropped; they have to be blanks or "*" (text beyond nb_nuc_tot moves on instead of being
-// dropped).
-void insert_chars(Rows rows, int p, int n, char c);
-// Whether each row can take n more characters at p without losing a residue at the end.
-bool room_at_end(Rows rows, int n);
-// Moves the text after p + n - 1 n places left; n blanks enter at the end.
-void delete_chars(Rows rows, int p, int n);
+// Moves the text from p on n places right in each row and fills the gap with c, a blank or "*". At the end of
+// the row's text up to n blanks and "*" are dropped; nothing else ever is: a residue that leaves the last
+// column moves on beyond nb_nuc_tot (ask room_at_end first, and grow the alignment to keep it in sight).
+// False, and nothing changed, when a row's text would become longer than a row can be.
+bool insert_chars(const Rows& rows, int p, int n, char c);
+// How many columns at the end of the alignment hold a blank or "*" in every row.
+int free_columns_at_end(const Rows& rows);
+// Whether the rows can take n more characters before the end without moving a residue out of sight.
+bool room_at_end(const Rows& rows, int n);
+// Moves the text after p + n - 1 n places left. Blanks enter at the end, or the text beyond nb_nuc_tot does.
+void delete_chars(const Rows& rows, int p, int n);
 // Whether every row holds a blank or "*" at p.
-bool all_editable_gaps(Rows rows, int p);
+bool all_editable_gaps(const Rows& rows, int p);
 // Replaces text.size() characters from p on; p + text.size() <= nb_nuc_tot. A shorter row is filled up with
 // blanks first.
 void overwrite(int species, int p, std::string_view text);
@@ -56,37 +58,39 @@ bool insert_residue(int species, int p, char c);
 void delete_residue(int species, int p);
 
 // ---- alignment length
-// ---------------------------------------------------------------------------------------------
 
-enum class Growth { grown, too_long, no_memory, unrecoverable };
+// Whatever the reason of a refusal, nothing has changed: memory is had before the first row is touched, and
+// blocks that cannot become larger stay as they are.
+enum class Growth { grown, too_long, no_memory };
 // Whether the alignment may grow by n columns: nb_nuc_tot + n + 1 < lenseq_tot and nb_nuc_tot + n within
 // max_alignment.
 bool may_grow(int n);
-// Reallocates the column flags and consensus strings for n more columns, then lengthens every row by n
-// blanks. no_memory: nothing changed; unrecoverable: the old blocks could not be had again either.
+// Reallocates the column flags and consensus strings for n more columns, then lengthens the alignment: n
+// blanks at the end of every row, or as much of the text that a row had beyond nb_nuc_tot.
 Growth grow_alignment(int n);
-// grow_alignment and, in one pass: every row but `kept` moves n places right from p on; the opened places
-// hold
-// "*", or blanks inside missing sequence (see shift_filler). The kept rows get n blanks at their end.
-Growth open_columns(Rows kept, int p, int n);
+// grow_alignment and, in one pass: every row but `kept` moves n places right from p on, 0 <= p <= nb_nuc_tot;
+// the opened places hold "*", or blanks inside missing sequence (see shift_filler). too_long also when the
+// text of a row would become longer than a row can be.
+Growth open_columns(const Rows& kept, int p, int n);
 // What fills places opened at p in a row: blanks inside missing sequence, else "*". p = 0: a blank when the
-// old first character is one; p = the last position: when the character before p is one; otherwise when both
-// the character before p and the old one at p are.
+// old first character is one; p = the last position or the end: when the character before p is one; otherwise
+// when both the character before p and the old one at p are.
 char shift_filler(int species, int p);
 
 // ---- species
-// ---------------------------------------------------------------------------------------------------------
 
 enum class Adding { added, too_many_species, too_many_characters, no_memory };
-// A new row at index nb_spec: re-strides the block, moves the rows; the row's text is `text` (its end stands
-// at its own length), pc_len = text length x 100 / nb_nuc_tot. It belongs to no ensemble yet.
+// A new row at index nb_spec: re-strides the block, moves the rows; the row's text is `text`, at most
+// nb_nuc_tot characters (its end stands at its own length), pc_len = text length x 100 / nb_nuc_tot. It
+// belongs to no ensemble yet; its group is the caller's to set. Unless it was added nothing has changed.
+// too_many_characters: a row, or the text of one beyond nb_nuc_tot, would not fit the new stride. no_memory:
+// the identifiers.
 Adding add_species(std::string_view identifier, std::string_view text);
 void set_identifier(int species, std::string_view identifier); // cut to 79 characters
 void set_masked(int species, bool masked);
 void set_destroyed(int species, bool destroyed);
 
 // ---- ensembles
-// -------------------------------------------------------------------------------------------------------
 
 // A new empty ensemble at index nb_ens, shown species by species, consensus strings allocated; its index, or
 // -1 when memory is refused or max_ensembles exist.
@@ -94,9 +98,9 @@ int add_ensemble();
 // Takes an ensemble out: the later ones move down by one (members, display, names), the consensus strings
 // stay (see core/consensus.h); slots that got another ensemble are dirty as a whole.
 void remove_ensemble(int ensemble);
-// At most max_ensemble_species members are taken.
+// At most max_ensemble_species members are taken; a species is a member once, repeats are left out.
 void set_members(int ensemble, std::span<const int> species);
-bool append_member(int ensemble, int species); // false when the ensemble is full
+bool append_member(int ensemble, int species); // false when the ensemble is full or has it already
 void remove_member(int ensemble, int index);
 void set_collapsed(int ensemble, bool is_collapsed); // does not compute the consensus
 void set_ensemble_name(int ensemble, std::string_view name);

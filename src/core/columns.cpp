@@ -1,0 +1,76 @@
+// model: the hidden columns.
+#include "core/columns.h"
+
+#include "core/residues.h"
+#include "core/store.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+namespace kq {
+
+constinit unsigned char* delcom = nullptr;
+constinit int nb_nuc = 0;
+
+namespace {
+
+constexpr unsigned char hidden = 255, shown = 0, sentinel = 1;
+
+int count_hidden(int columns)
+{
+    return static_cast<int>(std::count(delcom, delcom + columns, hidden));
+}
+
+} // namespace
+
+bool columns_allocate(int columns)
+{
+    counts_forget();
+    if (!columns_reserve(columns)) return false;
+    nb_nuc = 0;
+    columns_extend(0, columns);
+    return true;
+}
+
+bool columns_reserve(int columns)
+{
+    void* resized = std::realloc(delcom, static_cast<std::size_t>(columns) + 1);
+    if (resized) delcom = static_cast<unsigned char*>(resized);
+    return resized != nullptr;
+}
+
+void columns_extend(int old_columns, int columns)
+{
+    std::memset(delcom + old_columns, shown, static_cast<std::size_t>(columns - old_columns));
+    delcom[columns] = sentinel;
+    nb_nuc += columns - old_columns;
+}
+
+void columns_release()
+{
+    std::free(delcom);
+    delcom = nullptr;
+    nb_nuc = 0;
+    counts_forget();
+}
+
+int recompute_hidden(bool show_all, int position)
+{
+    const int watched = std::clamp(position + 1, 0, nb_nuc_tot);
+    const int before = count_hidden(watched);
+    if (show_all) {
+        std::memset(delcom, shown, static_cast<std::size_t>(nb_nuc_tot));
+    } else {
+        const auto& counts = column_counts(CountedSet::ensembles);
+        for (int p = 0; p < nb_nuc_tot; p++) {
+            const auto gaps = counts.count(code_gap, p) + counts.blank(p);
+            delcom[p] = gaps == static_cast<std::uint32_t>(counts.members) ? hidden : shown;
+        }
+    }
+    delcom[nb_nuc_tot] = sentinel;
+    nb_nuc = nb_nuc_tot - count_hidden(nb_nuc_tot);
+    return before - count_hidden(watched);
+}
+
+} // namespace kq
