@@ -1,0 +1,164 @@
+#include "support/screen_test.h"
+
+#include "raster/grx.h"
+#include "screen/directories.h"
+#include "screen/files.h"
+#include "screen/process_end.h"
+#include "screen/text.h"
+#include "screen/window.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace kq::test {
+
+namespace {
+
+// Thrown in the place of the program's end.
+struct ProgramEnd {
+    int status;
+};
+
+std::string new_directory()
+{
+    static int counter = 0;
+    // Short, and without a dot: file names are formed by cutting paths at their first one.
+    const std::string path = "/tmp/kq" + std::to_string(getpid()) + "_" + std::to_string(++counter);
+    std::filesystem::remove_all(path);
+    for (const char* directory : {"/seq", "/zolt/data", "/zolt/ali", "/zolt/type", "/zoltexe"})
+        std::filesystem::create_directories(path + directory);
+    return path;
+}
+
+// Keys that are still in the script.
+int read_keys_left()
+{
+    int count = 0;
+    try {
+        for (;; count++)
+            GrKeyRead();
+    } catch (const EndOfScript&) {
+        return count;
+    }
+}
+
+} // namespace
+
+ScreenSession::ScreenSession(const Geometry& geometry)
+    : root_(new_directory())
+{
+    setenv("GRX20DRV", "memory", 1);
+    unsetenv("KQ_SCRIPT");
+    setenv("KQ_SCREENS", root_.c_str(), 1);
+    setenv("ZOLT", root_.c_str(), 1);
+    setenv("ZOLTEXE", root_.c_str(), 1);
+    redirect_errors(&errors_);
+    set_end_handler([](int status) { throw ProgramEnd{status}; });
+    set_rescue(nullptr);
+    set_clock(nullptr);
+    init_dir();
+    GrMemoryScript("");
+    open(geometry);
+}
+
+ScreenSession::~ScreenSession()
+{
+    redirect_errors(nullptr);
+    set_end_handler(nullptr);
+    set_rescue(nullptr);
+    set_clock(nullptr);
+    std::error_code ignored;
+    std::filesystem::remove_all(root_, ignored);
+}
+
+void ScreenSession::open(const Geometry& geometry)
+{
+    _nb_line = geometry.lines;
+    _nb_col = geometry.columns;
+    _gr_size_x = geometry.cell_height;
+    _gr_size_y = geometry.cell_width;
+    _type_font = geometry.font_type;
+    open_window(program_title);
+}
+
+Played ScreenSession::play(std::string_view script, const std::function<void()>& screen)
+{
+    GrMemoryScript(script);
+    Played played;
+    try {
+        screen();
+        played.keys_left = read_keys_left();
+    } catch (const EndOfScript&) {
+        played.ending = Ending::script_ended;
+    } catch (const ProgramEnd& end) {
+        played.ending = Ending::program_ended;
+        played.status = end.status;
+        played.keys_left = read_keys_left();
+    }
+    return played;
+}
+
+std::string ScreenSession::line(int number) const
+{
+    std::string text = screen_line(number);
+    text.resize(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+int ScreenSession::line_of(std::string_view text) const
+{
+    for (int number = 1; number <= _nb_line; number++)
+        if (screen_line(number).find(text) != std::string::npos) return number;
+    return 0;
+}
+
+bool ScreenSession::shows(std::string_view text) const
+{
+    return line_of(text) != 0;
+}
+
+int ScreenSession::color_of(std::string_view text) const
+{
+    const int number = line_of(text);
+    return number ? color_at(number, static_cast<int>(screen_line(number).find(text)) + 1) : -1;
+}
+
+int ScreenSession::color_at(int line_number, int column) const
+{
+    return screen_cell(line_number, column).fg;
+}
+
+int ScreenSession::background_at(int line_number, int column) const
+{
+    return screen_cell(line_number, column).bg;
+}
+
+std::string ScreenSession::path(std::string_view below) const
+{
+    return root_ + "/" + std::string(below);
+}
+
+void ScreenSession::write_file(std::string_view below, std::string_view bytes) const
+{
+    std::ofstream stream(path(below), std::ios::binary);
+    stream << bytes;
+    if (!stream.flush()) throw std::runtime_error("cannot write " + path(below));
+}
+
+std::string ScreenSession::read_file(std::string_view below) const
+{
+    std::ifstream stream(path(below), std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+bool ScreenSession::has_file(std::string_view below) const
+{
+    return std::filesystem::exists(path(below));
+}
+
+} // namespace kq::test
