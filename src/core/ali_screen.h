@@ -1,4 +1,5 @@
-// screen: confirming, copying, renaming and deleting an alignment file; saving it.
+// screen: confirming, copying, renaming and deleting an alignment file; saving it; what is said about a
+// loaded alignment.
 #pragma once
 
 namespace kq {
@@ -11,5 +12,9 @@ void write_file_ALI();
 // Asks whether to save when there are unsaved changes: -1 = ESCAPE, else 0. A save that failed counts as -1:
 // the caller stays where it is.
 int verif_sauvegarde();
+
+// derive_families (core/families.h) with its messages: the warning about a single family, the fatal end with
+// too many.
+void identify_family();
 
 } // namespace kq

@@ -10,13 +10,20 @@ class NewFile;
 // The store as an .ali file: header lines, then every species that is not destroyed, trailing blanks removed,
 // "#MASKED#" kept. "#NEW#" is not written. Deliberate.
 void write_ali_text(NewFile& file);
+// Its size in bytes.
+unsigned long long ali_text_size();
 
-// Saves the store to dir_SEQ + file_ALI with its .bak backup. At every instant at least one complete copy of
-// the alignment is on disk. Empty on success, else what failed; then everything is as it was.
+// Saves the store to dir_SEQ + file_ALI; the version that was there becomes the .bak file. Empty on success,
+// else what failed; then the alignment and its backup are as they were.
+//
+// The new alignment and the new backup are complete on disk under the names KQ_SAUVE.TMP and KQ_BACKUP.TMP
+// before either is renamed into place, the alignment first: at every instant at least one complete copy is on
+// disk under its own name. A backup that cannot be put in place goes back to where it was copied from.
 std::string save_ali();
 
-// Writes a rescue copy of unsaved work beside the alignment, else in the working directory, else in the home
-// directory; its path, or "" when nothing is unsaved or no place could be written.
+// Writes the store as NAME_rescue.ali (NAME_rescue2.ali... when there is one already) beside the alignment,
+// else in the working directory, else in the home directory. Its path, or "" when nothing is unsaved or no
+// place could be written.
 std::string rescue_ali();
 
 } // namespace kq

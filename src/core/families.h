@@ -14,8 +14,6 @@ enum class FamilyResult { found, single_ignored, too_many };
 // Fills nb_family, name_family and no_family (core/store.h). single_ignored: exactly one family was found,
 // which is not taken into account (nb_family is 0). Shows nothing.
 FamilyResult derive_families();
-// derive_families with its messages: the warning about a single family, the fatal end with too many.
-void identify_family();
 
 // The part of an identifier after its first "-" when families exist and a blank stands after that "-"; else
 // the whole identifier.
