@@ -20,11 +20,16 @@ namespace kq {
 enum GrGraphicsMode : int { GR_width_height_color_graphics = 9 };
 
 // Opens the driver named by GRX20DRV ("xwin", the default, or "memory") or resizes its window; fills the
-// screen with colour 0. The palette survives. `colors` is 256. Returns 0 when the window cannot be opened
-// (GrDriverError() then says why in a sentence for the user), else nonzero.
+// screen with colour 0 and hides the cursor. The palette survives. `colors` is 256. Returns 0 when the window
+// cannot be opened (GrDriverError() then says why in a sentence for the user), else nonzero.
 int GrSetMode(GrGraphicsMode mode, int width, int height, int colors);
 void GrSetWindowTitle(const char* title);
 std::string GrDriverError();
+
+// Called once when the connection to the window is lost for good (the server is gone, the window was
+// destroyed). Nothing is shown any more and no key will come: the function saves what it can and ends the
+// program. When it returns, or none is set, the program ends with status 1.
+void GrSetConnectionLost(std::function<void()> lost);
 
 int GrSizeX(); // width of the screen in pixels, 0 before the first GrSetMode
 int GrSizeY(); // height
@@ -79,15 +84,17 @@ void GrDrawChar(unsigned char c, int x, int y, int width, int height, const GrTe
 // ---- block cursor and mouse pointer -----------------------------------------------------------------------
 
 // A cursor is drawn over the screen without changing it. `bitmap` has one byte a pixel, row after row
-// (0 = transparent, else drawn in white); it is copied.
+// (0 = transparent, else drawn in white, or black over a white pixel; dark grey while the window is without
+// the focus); it is copied.
 struct GrCursor {
+    ~GrCursor(); // erases it
     int width = 0, height = 0;
     std::string bitmap;
     int x = 0, y = 0;
-    bool shown = false;
+    bool shown = false; // written by the functions below
 };
 std::unique_ptr<GrCursor> GrBuildCursor(const unsigned char* bitmap, int width, int height);
-// At most one cursor is shown at a time. Erase a cursor before destroying it.
+// At most one cursor is shown at a time: displaying one erases the other.
 void GrMoveCursor(GrCursor& cursor, int x, int y);
 void GrDisplayCursor(GrCursor& cursor);
 void GrEraseCursor(GrCursor& cursor);
@@ -95,7 +102,8 @@ void GrMouseDisplayCursor(); // shows the mouse pointer over the window
 
 // ---- keyboard ---------------------------------------------------------------------------------------------
 
-// Waits for a key, after showing what has been drawn, and returns its code (raster/keys.h).
+// Waits for a key, after showing what has been drawn, and returns its code (raster/keys.h). Keys that are
+// waiting already come first; the window then follows at the latest 50 ms after the last time.
 int GrKeyRead();
 // Whether a key is waiting; does not read it.
 bool GrKeyPressed();
@@ -110,13 +118,17 @@ struct EndOfScript : std::exception {
 };
 
 // Plays `script` (the grammar of raster/key_script.h) from now on; at its end GrKeyRead throws EndOfScript.
-// Throws std::invalid_argument when the script has a mistake.
+// Makes the memory driver the one in use (a window of another driver is closed). Throws std::invalid_argument
+// when the script has a mistake, naming its line.
 void GrMemoryScript(std::string_view script);
+// What happens at the end of a KQ_SCRIPT script, after a line on standard error that says so; it must not
+// return. Null = std::exit(0).
+void GrMemorySetEndHandler(std::function<void()> handler);
 // Called for each `screen NAME` of a script with the path "DIRECTORY/NAME" without extension
 // (DIRECTORY from KQ_SCREENS, else the current one). The text layer sets it; it writes NAME.txt. The driver
 // itself writes NAME.png.
 void GrMemorySetScreenWriter(std::function<void(const std::string& path)> writer);
-// Writes the screen as a PNG file, with any driver; false when it cannot be written.
+// Writes the screen as a PNG file, cursor included, with any driver; false when it cannot be written.
 bool GrSavePng(const std::string& path);
 
 } // namespace kq
