@@ -33,16 +33,17 @@ struct node {
 
 extern node* proot;                              // null while no frame is read
 extern char groupe[max_groups][group_name_size]; // names of all groups; "Cupboard" is the last
-extern int nb_groupe;
+extern int nb_groupe;                            // 0 while no frame is read
 extern std::array<int, max_groups> color_groupe; // palette index; -1 = inner node or pseudo-group
 extern std::array<node*, max_subtrees> p_arbre;  // subtree heads; 0 = the root
 extern int nb_arbre;
 extern int nb_feuille; // leaves of the tree
-extern int maxgraph;   // right limit of the drawing area in pixels
-// Species assigned and selected, per family and group. The selection's functions (taxonomy/selection.h) and
-// the group files keep them exact.
-extern std::array<std::array<int, max_groups>, max_families> nbtot_groupe;
-extern std::array<std::array<int, max_groups>, max_families> nbret_groupe;
+extern int maxgraph;   // right limit of the drawing area in pixels; written by adjust_frame
+// Species assigned and selected, per family and group. Row nb_family counts the species whose identifier has
+// a
+// "-" but no family. The selection's functions (taxonomy/selection.h) and the group files keep them exact.
+extern std::array<std::array<int, max_groups>, max_families + 1> nbtot_groupe;
+extern std::array<std::array<int, max_groups>, max_families + 1> nbret_groupe;
 
 inline std::string_view group_name(int group)
 {
@@ -54,9 +55,15 @@ inline int cupboard()
 } // the last group
 int find_group(std::string_view name); // first index with that name, or -1
 
+// The message when `count` groups are more than the table holds.
+std::string too_many_groups(int count);
+// Appends a group without colour; false when the table is full.
+bool add_group(std::string_view name);
+
+// A new node under `parent` (null for a root); too little memory is fatal.
 node* cr_node(node* parent);
-void free_frame(node* root); // null is allowed
-void frame_reset();
-std::string frame_error(); // empty, or the first broken invariant
+void free_frame(node* root); // null is allowed; freeing the frame in use leaves none
+void frame_reset();          // no frame, no groups, no counts
+std::string frame_error();   // empty, or the first broken invariant
 
 } // namespace kq

@@ -1,0 +1,52 @@
+// platform: whole text files in memory.
+#include "taxonomy/text_file.h"
+
+#include "screen/files.h"
+
+#include <array>
+
+namespace kq {
+
+std::string read_text_file(const std::string& path)
+{
+    const File file = ffopen(path, "r");
+    std::string text;
+    std::array<char, 65536> piece;
+    while (const std::size_t n = std::fread(piece.data(), 1, piece.size(), file.get()))
+        text.append(piece.data(), n);
+    return text;
+}
+
+std::string_view without_carriage_return(std::string_view line)
+{
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    return line;
+}
+
+std::string_view take_line(std::string_view& text, bool* ended)
+{
+    const std::size_t newline = text.find('\n');
+    const std::string_view line = text.substr(0, newline);
+    const bool has_newline = newline != std::string_view::npos;
+    text.remove_prefix(has_newline ? newline + 1 : text.size());
+    if (ended) *ended = has_newline;
+    return without_carriage_return(line);
+}
+
+int leading_number(std::string_view text, int limit)
+{
+    const std::size_t start = text.find_first_not_of(" \t\r\n\v\f");
+    if (start == std::string_view::npos) return 0;
+    text.remove_prefix(start);
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) text.remove_prefix(1);
+    long long number = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') break;
+        number = number * 10 + (c - '0');
+        if (number > limit) number = limit;
+    }
+    return static_cast<int>(negative ? -number : number);
+}
+
+} // namespace kq
