@@ -1,5 +1,9 @@
 // screen: choosing and reading the frame, the species-to-group file and the group-colour file.
+//
+// What is wrong with such a file ends the program with a sentence that says so.
 #pragma once
+
+#include "taxonomy/frame_layout.h" // adjust_frame, which follows read_frame
 
 #include <string>
 #include <vector>
@@ -7,17 +11,22 @@
 namespace kq {
 
 extern std::vector<std::string> file_frame; // names of the .fra files, without extension, in byte order
-extern int nb_frame, no_frame;              // how many; the one in use
-extern std::string file_NOM, file_COL;      // full paths of the group files in use
+extern int nb_frame, no_frame;              // how many, at most max_frames; index of the one in use
+extern std::string file_NOM, file_COL;      // full paths of the group files in use, at most 99 bytes
 
 void read_all_frame();    // fills file_frame; none is fatal
 void read_FRA_NOM_COL();  // restores the last used names; asks where a file is not readable
 void write_FRA_NOM_COL(); // writes the memory file afas.ref
 void read_frame();        // builds the tree of file_frame[no_frame], then reads the colour file
-void adjust_frame();      // scales the tree from the frame's own numbers to the current cell
 void read_file_NOM();     // gives every species its group
 void read_file_COL();
 void write_file_COL();
+
+// The path of a frame's file.
+std::string frame_path(int frame);
+// The name that a listed file is known by: its path up to the first ".", without directories. Deliberate: a
+// "." in the directory cuts it short.
+std::string listed_name(const std::string& directory, const std::string& file);
 
 // The chooser's screens. choice_frame changes the frame; the other two return 0 when a file was chosen, -1 on
 // ESCAPE.
