@@ -175,7 +175,7 @@ std::string copy_file_safely(const std::string& from, const std::string& target)
     NewFile copy(target);
     std::vector<char> block(write_block);
     std::string problem;
-    for (;;) {
+    while (copy.error().empty()) {
         const ssize_t count = read(source, block.data(), block.size());
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) problem = file_problem("Problem in reading file", from, errno);

@@ -1,0 +1,278 @@
+#include "raster/keys.h"
+#include "screen/dialogs.h"
+#include "screen/fields.h"
+#include "screen/text.h"
+#include "screen/text_state.h"
+#include "support/golden.h"
+#include "support/screen_test.h"
+
+#include <limits>
+
+namespace kq {
+namespace {
+
+using test::Ending;
+
+class Fields : public test::ScreenTest {};
+
+TEST_F(Fields, TextKeys)
+{
+    struct Case {
+        const char *before, *keys, *after;
+        int ended;
+    };
+    const Case cases[] = {
+        {"", "\"Homo\" Enter", "Homo", key::enter},
+        {"abc", "d Enter", "abcd", key::enter},
+        {"abc", "Left*2 x Enter", "axbc", key::enter},
+        {"abc", "Home BackSpace x Enter", "xabc", key::enter},
+        {"abc", "Home Delete End BackSpace Enter", "b", key::enter},
+        {"abc", "Delete Right Left*9 Delete Enter", "bc", key::enter},
+        {"1234567", "\"89\" Enter", "12345678", key::enter}, // at most 8
+        {"abc", "x Escape", "abcx", key::escape},
+        {"abc", "Insert PgUp C-Left F11 Tab", "abc", key::tab},
+        {"abc", "S-Tab", "abc", key::shift_tab},
+        {"abc", "Up", "abc", key::up},
+        {"abc", "Down", "abc", key::down},
+        {"abc", "F10", "abc", key::f10},
+        {"abc", "S-F1", "abc", key::shift_f1},
+    };
+    for (const Case& c : cases) {
+        std::string text = c.before;
+        int ended = 0;
+        const auto played = play(c.keys, [&] { ended = input_texte(text, 8, 3, 10); });
+        EXPECT_EQ(text, c.after) << c.keys;
+        EXPECT_EQ(ended, c.ended) << c.keys;
+        EXPECT_EQ(played.keys_left, 0) << c.keys;
+        EXPECT_EQ(line(3), std::string(9, ' ') + c.after) << c.keys;
+        EXPECT_EQ(color_at(3, 10), color::light_green) << c.keys;
+        _clearscreen(0);
+    }
+}
+
+TEST_F(Fields, ATextIsYellowWhileItIsEdited)
+{
+    std::string text = "abc";
+    play("BackSpace", [&] { input_texte(text, 8, 3, 10); });
+    EXPECT_EQ(line(3), "         ab");
+    EXPECT_EQ(color_at(3, 10), color::yellow);
+}
+
+TEST_F(Fields, TheBlockCursorStandsAtTheInsertionPoint)
+{
+    std::string text = "abc";
+    _settextwindow(2, 5, 20, 60);
+    play("Left", [&] { input_texte(text, 8, 3, 10); });
+    EXPECT_TRUE(cursor->shown);
+    EXPECT_EQ(cursor->x, (5 + 10 - 2 + 2) * 8) << "window, field, two characters";
+    EXPECT_EQ(cursor->y, (2 + 3 - 2) * 14);
+    play("Enter", [&] { input_texte(text, 8, 3, 10); });
+    EXPECT_FALSE(cursor->shown);
+}
+
+TEST_F(Fields, ALongTextScrollsSideways)
+{
+    window_hp(5, 10, 7, 30, color::cyan); // 21 columns: a field at column 5 has room for 16
+    std::string text = "0123456789abcdefghij";
+    play("", [&] { input_texte(text, 60, 2, 5); });
+    EXPECT_EQ(line(6), std::string(9, ' ') + "|   56789abcdefghij |");
+    play("Home", [&] { input_texte(text, 60, 2, 5); });
+    EXPECT_EQ(line(6), std::string(9, ' ') + "|   0123456789abcdef|");
+    play("Left*18 X Enter", [&] { input_texte(text, 60, 2, 5); });
+    EXPECT_EQ(text, "01X23456789abcdefghij");
+    EXPECT_EQ(line(6), std::string(9, ' ') + "|   01X23456789abcde|");
+}
+
+TEST_F(Fields, IntegerTexts)
+{
+    struct Case {
+        const char* text;
+        int result, value;
+    };
+    for (const Case& c : {Case{"", 0, 0},
+                          {"-5", 0, -5},
+                          {"5-", -1, 7},
+                          {"--5", -1, 7},
+                          {"-", 0, 0},
+                          {"100", 0, 100},
+                          {"101", -1, 7},
+                          {"-100", 0, -100},
+                          {"-101", -1, 7},
+                          {"1.5", -1, 7},
+                          {"12x", -1, 7},
+                          {" 1", -1, 7},
+                          {"007", 0, 7},
+                          {"99999999999999999999", -1, 7}}) {
+        int value = 7;
+        EXPECT_EQ(verif_int(c.text, value, -100, 100), c.result) << c.text;
+        EXPECT_EQ(value, c.value) << c.text;
+    }
+}
+
+TEST_F(Fields, RealTexts)
+{
+    struct Case {
+        const char* text;
+        int result;
+        float value;
+    };
+    for (const Case& c : {Case{"", 0, 0},
+                          {"0.7", 0, 0.7f},
+                          {".5", 0, 0.5f},
+                          {"-.5", 0, -0.5f},
+                          {"1.2.3", -1, 9},
+                          {"0.71", -1, 9},
+                          {"--1", -1, 9},
+                          {"1e9", -1, 9},
+                          {"nan", -1, 9},
+                          {".", 0, 0}}) {
+        float value = 9;
+        EXPECT_EQ(verif_float(c.text, value, -0.7f, 0.7f), c.result) << c.text;
+        EXPECT_EQ(value, c.value) << c.text;
+    }
+}
+
+TEST_F(Fields, NumberKeys)
+{
+    struct Case {
+        int before;
+        const char* keys;
+        int after, ended;
+    };
+    const Case cases[] = {
+        {30, "Enter", 30, key::enter},
+        {30, "BackSpace 5 Up", 35, key::up},
+        {30, "Home 5 Delete F9", 50, key::f9},
+        {30, "BackSpace*2 Enter 2 Enter 5 Enter", 25, key::enter}, // "" and "2" are out of bounds
+        {30, "BackSpace*2 1 Down F1 Escape", 30, key::escape},     // out of bounds, then unchanged
+        {30, "End - Enter BackSpace Enter", 30, key::enter},       // "30-" is none
+        {30, "F10 S-F1 Tab a . \"+\" Enter", 30, key::enter},      // keys that a number does not know
+    };
+    for (const Case& c : cases) {
+        int value = c.before, ended = 0;
+        const auto played = play(c.keys, [&] { ended = input_int(value, 20, 200, 2, 3); });
+        EXPECT_EQ(value, c.after) << c.keys;
+        EXPECT_EQ(ended, c.ended) << c.keys;
+        EXPECT_EQ(played.keys_left, 0) << c.keys;
+        _clearscreen(0);
+    }
+    int value = 0;
+    play("\"00000315\" Enter", [&] { input_int(value, 1, 200, 2, 3); });
+    EXPECT_EQ(value, 3) << "the seventh character and what follows are refused";
+    float real = 0.5f;
+    play("", [&] { input_float(real, 0, 1, 4, 3); });
+    EXPECT_EQ(line(4), "  0.50");
+    play("BackSpace*4 \".12345678901\" 2 Enter", [&] { input_float(real, 0, 1, 4, 3); });
+    EXPECT_EQ(line(4), "  .12345678901");
+    EXPECT_EQ(real, 0.12345678901f);
+    real = 0;
+    play("Enter", [&] { input_float(real, 1, 2, 6, 3); });
+    EXPECT_EQ(line(6), "") << "zero is an empty field, and out of these bounds";
+}
+
+TEST_F(Fields, FileNamesAreCheckedAndCompleted)
+{
+    const std::string long_name(91, 'n');
+    struct Case {
+        std::string typed, name;
+        std::string_view complaint;
+        bool added;
+    };
+    const Case cases[] = {
+        {"data", "data.ali", "", true},
+        {"data.ali", "data.ali", "", false},
+        {"data.txt", "data.ali", "The file name extension must be ali", false},
+        {"data.", "data.ali", "The file name extension must be ali", false},
+        {"data.ali.ali", "data.ali", "The file name extension must be ali", false},
+        {"data.ALI", "data.ali", "The file name extension must be ali", false},
+        {"", "", "You must give a file name", false},
+        {".ali", ".ali", "You must give a file name", false},
+        {long_name, long_name + ".ali", "", true},
+        {long_name + "n", long_name + "n", "A file name has at most 95 characters", false},
+    };
+    for (const Case& c : cases) {
+        std::string name = c.typed;
+        const NameCheck check = check_file_name(name, "ali");
+        EXPECT_EQ(check.complaint, c.complaint) << c.typed;
+        EXPECT_EQ(name, c.name) << c.typed;
+        EXPECT_EQ(check.extension_added, c.added) << c.typed;
+    }
+    EXPECT_EQ(forbidden_in_file_names.size(), 16U);
+    for (const char forbidden : forbidden_in_file_names) {
+        std::string name = std::string("a") + forbidden + "b";
+        EXPECT_EQ(check_file_name(name, "ali").complaint,
+                  "These characters  \"\\+=[]|*:/;,?\xE0\x15 are unauthorized in a file name");
+    }
+}
+
+class FileNamePrompt : public test::ScreenTest {
+protected:
+    struct Result {
+        int code = 9;
+        std::string name;
+        test::Played played;
+    };
+    Result ask(std::string_view keys, NameMode mode, std::string name = "")
+    {
+        Result result;
+        result.name = std::move(name);
+        result.played = play(keys, [&] {
+            result.code = saisir_nom_fichier("File name (.ali):", result.name, "ali", path("seq/"), mode, 8);
+        });
+        return result;
+    }
+};
+
+TEST_F(FileNamePrompt, AsksInABox)
+{
+    ask("", NameMode::read, "ovomucoid.ali");
+    EXPECT_SCREEN("file_name_prompt");
+    open({.lines = 20, .columns = 160});
+    ask("", NameMode::read, "ovomucoid.ali");
+    EXPECT_EQ(line(9).find("| File name (.ali): ovomucoid.ali"), 20U); // centred: (160 - 116 - 1) / 2
+    open({.lines = 20, .columns = 20});
+    const Result tiny = ask("\"abcdefghijklmnopqrst\" Home Delete Enter", NameMode::unchecked);
+    EXPECT_EQ(tiny.name, "bcdefghijklmnopqrst.ali");
+}
+
+TEST_F(FileNamePrompt, ReadsOnlyFilesThatExist)
+{
+    write_file("seq/here.ali", "");
+    Result result = ask("\"there\" Enter x", NameMode::read);
+    EXPECT_EQ(line_of("there"), 9);
+    EXPECT_FALSE(shows("there.ali")) << "the extension that was added is gone again";
+    result = ask("\"there\" Enter", NameMode::read);
+    EXPECT_TRUE(shows("The file " + path("seq/there.ali") + " does not exist"));
+    result = ask("\"there\" Enter x BackSpace*5 \"here\" Enter", NameMode::read);
+    EXPECT_EQ(result.code, ok);
+    EXPECT_EQ(result.name, "here.ali");
+    result = ask("x Escape", NameMode::read, "here.ali");
+    EXPECT_EQ(result.code, escaped);
+    EXPECT_EQ(result.name, "here.ali");
+}
+
+TEST_F(FileNamePrompt, AsksBeforeOverwriting)
+{
+    write_file("seq/old.ali", "");
+    Result result = ask("\"old\" Enter Escape \"er\" Enter", NameMode::write);
+    EXPECT_EQ(result.name, "older.ali");
+    EXPECT_EQ(result.code, ok);
+    result = ask("\"old\" Enter Enter", NameMode::write);
+    EXPECT_EQ(result.name, "old.ali");
+    EXPECT_EQ(result.played.keys_left, 0);
+    result = ask("\"old\" Enter", NameMode::unchecked);
+    EXPECT_EQ(result.name, "old.ali");
+}
+
+TEST_F(FileNamePrompt, WarnsAndGoesOn)
+{
+    const Result result =
+        ask("Enter Q \"a b\" Enter Q Left BackSpace End \".txt\" Enter Q Enter", NameMode::unchecked);
+    EXPECT_EQ(result.name, "ab.ali");
+    EXPECT_EQ(result.code, ok);
+    EXPECT_EQ(result.played.keys_left, 0);
+    EXPECT_EQ(line(9), "");
+}
+
+} // namespace
+} // namespace kq

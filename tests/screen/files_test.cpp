@@ -1,0 +1,261 @@
+#include "screen/directories.h"
+#include "screen/files.h"
+#include "screen/process_end.h"
+#include "support/screen_test.h"
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace kq {
+namespace {
+
+using test::Ending;
+
+class Files : public test::ScreenTest {
+protected:
+    // Everything in seq/, hidden names too.
+    std::vector<std::string> entries() const
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(path("seq")))
+            names.push_back(entry.path().filename());
+        return names;
+    }
+    mode_t mode(std::string_view below) const
+    {
+        struct stat status {};
+        stat(path(below).c_str(), &status);
+        return status.st_mode & 0777;
+    }
+    using Names = std::vector<std::string>;
+};
+
+// Limits the size of files while it lives.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+private:
+    rlimit before_{};
+};
+
+TEST_F(Files, ANewFileAppearsWholeOrNotAtAll)
+{
+    const std::string text(3'000'000, 'x'); // several writes
+    {
+        NewFile file(path("seq/a.ali"));
+        file.write(text);
+        EXPECT_FALSE(has_file("seq/a.ali"));
+        ASSERT_TRUE(file.commit()) << file.error();
+        EXPECT_EQ(entries(), Names{"a.ali"});
+    }
+    EXPECT_EQ(read_file("seq/a.ali"), text);
+    {
+        NewFile abandoned(path("seq/a.ali"));
+        abandoned.write("half");
+    }
+    EXPECT_EQ(entries(), Names{"a.ali"});
+    EXPECT_EQ(read_file("seq/a.ali").size(), text.size());
+}
+
+TEST_F(Files, AWriteThatFailsLeavesTheOldFileAndNothingElse)
+{
+    write_file("seq/a.ali", "old");
+    const FileSizeLimit limit(1'500'000);
+    NewFile file(path("seq/a.ali"), path("seq/KQ_SAUVE.TMP"));
+    for (int i = 0; i < 4; i++)
+        file.write(std::string(1'000'000, 'x'));
+    EXPECT_FALSE(file.finish());
+    EXPECT_FALSE(file.commit());
+    EXPECT_EQ(file.error(), "Problem in writing file " + path("seq/KQ_SAUVE.TMP") + " (File too large)");
+    EXPECT_EQ(read_file("seq/a.ali"), "old");
+    EXPECT_NE(copy_file_safely("/dev/zero", path("seq/zeros")), "");
+    EXPECT_FALSE(has_file("seq/zeros"));
+}
+
+TEST_F(Files, AFileThatCannotBeCreatedOrPutInPlaceSaysSo)
+{
+    NewFile nowhere(path("nowhere/a.ali"));
+    nowhere.write("x");
+    EXPECT_FALSE(nowhere.commit());
+    EXPECT_NE(nowhere.error().find("No such file or directory"), std::string::npos);
+
+    std::filesystem::create_directory(path("seq/a.ali"));
+    {
+        NewFile taken(path("seq/a.ali"));
+        EXPECT_FALSE(taken.commit());
+    }
+    EXPECT_EQ(entries(), Names{"a.ali"});
+}
+
+TEST_F(Files, ALeftoverTemporaryIsReplacedNotFollowed)
+{
+    write_file("seq/precious", "kept");
+    ASSERT_EQ(symlink(path("seq/precious").c_str(), path("seq/KQ_SAUVE.TMP").c_str()), 0);
+    NewFile file(path("seq/a.ali"), path("seq/KQ_SAUVE.TMP"));
+    file.write("new");
+    ASSERT_TRUE(file.commit());
+    EXPECT_EQ(read_file("seq/precious"), "kept");
+    EXPECT_EQ(read_file("seq/a.ali"), "new");
+    EXPECT_EQ(entries().size(), 2U);
+}
+
+TEST_F(Files, MovingCopiesTheTextWithAFreshMode)
+{
+    const mode_t mask = umask(027);
+    const std::string name = "seq/hostile $(touch x);'\"name.ali";
+    write_file(name, std::string("text\n\0with NUL, no last line feed", 33));
+    chmod(path(name).c_str(), 0600);
+    const std::string text = read_file(name);
+    rrename(path(name), path("seq/-new"));
+    umask(mask);
+    EXPECT_EQ(entries(), Names{"-new"});
+    EXPECT_EQ(read_file("seq/-new"), text);
+    EXPECT_EQ(mode("seq/-new"), 0640U);
+}
+
+TEST_F(Files, CheckedCallsEndTheProgram)
+{
+    write_file("seq/a", "1");
+    write_file("seq/b", "2");
+    const std::string a = path("seq/a"), b = path("seq/b"), none = path("seq/none");
+    std::filesystem::create_directories(path("seq/full/of"));
+    struct Case {
+        std::function<void()> call;
+        std::string message;
+    };
+    const Case cases[] = {
+        {[&] { ffopen(none, "r"); }, "Problem in opening file " + none},
+        {[&] { rremove(path("seq/full")); }, "Problem in deleting file " + path("seq/full")},
+        {[&] { rrename(a, b); },
+         "Problem in changing name from " + a + " to " + b + " (" + b + " already exists)"},
+        {[&] { rrename(none, path("seq/c")); },
+         "Problem in opening file " + none + " (No such file or directory)"},
+    };
+    for (const Case& c : cases) {
+        forget_errors();
+        const auto played = play("", c.call);
+        EXPECT_EQ(played.ending, Ending::program_ended);
+        EXPECT_EQ(played.status, 1);
+        EXPECT_EQ(errors(),
+                  "The program has encountered the following FATAL ERROR :\n\n" + c.message + "\n\n\n");
+    }
+    EXPECT_EQ(read_file("seq/a") + read_file("seq/b"), "12");
+    EXPECT_NE(rremove(none), 0);
+    EXPECT_EQ(rremove(a), 0);
+    EXPECT_FALSE(exists(a));
+}
+
+TEST_F(Files, AFatalEndRescuesUnsavedWorkOnce)
+{
+    set_rescue([]() -> std::string { return "/somewhere/rescue.ali"; });
+    play("", [] { erreur_fatale("Bad luck"); });
+    EXPECT_EQ(errors(), "The program has encountered the following FATAL ERROR :\n\nBad luck\n\n\n"
+                        "The unsaved changes have been written to /somewhere/rescue.ali\n");
+    forget_errors();
+    set_rescue([]() -> std::string { erreur_fatale("The rescue fails too"); });
+    const auto played = play("", [] { erreur_fatale("Bad luck"); });
+    EXPECT_EQ(played.ending, Ending::program_ended);
+}
+
+TEST_F(Files, SaysBeforehandWhatCannotBeWritten)
+{
+    EXPECT_EQ(cannot_write(path("seq/"), 1000), "");
+    EXPECT_NE(cannot_write(path("nowhere/"), 1).find("nowhere/ (No such file or directory)"),
+              std::string::npos);
+    EXPECT_EQ(cannot_write(path("seq/"), 1ULL << 60),
+              "There is not enough room in the directory " + path("seq/"));
+    chmod(path("seq").c_str(), 0555);
+    // Root may write anywhere.
+    EXPECT_EQ(cannot_write(path("seq/"), 1).empty(), geteuid() == 0);
+    chmod(path("seq").c_str(), 0755);
+}
+
+TEST_F(Files, ListsNamesInByteOrder)
+{
+    for (const char* name :
+         {"b.ali", "B.ali", "a.ali", "_.ali", "\xE9.ali", "a.bak", ".hidden.ali", "xali", "a.ali.x"})
+        write_file(std::string("seq/") + name, "");
+    std::filesystem::create_directory(path("seq/directory.ali"));
+    EXPECT_EQ(list_files(path("seq/"), ".ali"), (Names{"B.ali", "_.ali", "a.ali", "b.ali", "\xE9.ali"}));
+    EXPECT_EQ(list_files(path("nowhere/"), ".ali"), Names{});
+}
+
+TEST_F(Files, CutsPathsAtTheFirstPoint)
+{
+    EXPECT_EQ(with_extension("/seq/a.ali", ".bak"), "/seq/a.bak");
+    EXPECT_EQ(with_extension("/seq/a", ".bak"), "/seq/a.bak");
+    EXPECT_EQ(with_extension("/my.home/seq/a.ali", ".bak"), "/my.bak"); // known, and why paths have no dots
+}
+
+TEST_F(Files, WritesDates)
+{
+    setenv("TZ", "UTC", 1);
+    tzset();
+    set_clock([] { return std::time_t{1179304440}; });
+    EXPECT_EQ(date(), "Wednesday 16 May 2007 at 8 hours 34");
+    set_clock([] { return std::time_t{1325375999}; });
+    EXPECT_EQ(date(), "Saturday 31 December 2011 at 23 hours 59");
+    write_file("seq/a", "");
+    const timespec times[2] = {{0, 0}, {951782405, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, path("seq/a").c_str(), times, 0), 0);
+    EXPECT_EQ(date_fichier(path("seq/a")), "29 February 2000 at 0 hours 0");
+    EXPECT_EQ(date_fichier(path("seq/none")), "");
+    unsetenv("TZ");
+    tzset();
+}
+
+TEST_F(Files, DirectoriesComeFromTheEnvironment)
+{
+    setenv("ZOLTEXE", "/opt/exe", 1);
+    setenv("ZOLT", "", 1);
+    init_dir();
+    EXPECT_EQ(dir_ZOLTEXE, "/opt/exe/zoltexe/");
+    EXPECT_EQ(dir_SEQ, "/seq/");
+    EXPECT_EQ(dir_DATA, "/zolt/data/");
+    setenv("ZOLT", ("/" + std::string(77, 'd')).c_str(), 1); // 78 + "/zolt/data/" = 89
+    init_dir();
+    EXPECT_EQ(dir_DATA.size(), 89U);
+    struct Case {
+        int exe_length, root_length; // -1 = unset
+        std::string message;
+    };
+    const auto fatal = [](const char* name) {
+        return "The program has encountered the following FATAL ERROR :\n\nThe variable " +
+               std::string(name) + " is too long\n\n\n";
+    };
+    const Case cases[] = {
+        {-1, 10, "The global variable ZOLTEXE is not defined"},
+        {10, -1, "The global variable ZOLT is not defined"},
+        {81, 10, fatal("dir_ZOLTEXE")}, // + "/zoltexe/" = 90
+        {10, 79, fatal("dir_DATA")},
+        {10, 80, fatal("dir_ALI")},
+    };
+    for (const Case& c : cases) {
+        forget_errors();
+        unsetenv("ZOLTEXE");
+        unsetenv("ZOLT");
+        if (c.exe_length >= 0)
+            setenv("ZOLTEXE", std::string(static_cast<std::size_t>(c.exe_length), 'e').c_str(), 1);
+        if (c.root_length >= 0)
+            setenv("ZOLT", std::string(static_cast<std::size_t>(c.root_length), 'd').c_str(), 1);
+        const auto played = play("", init_dir);
+        EXPECT_EQ(played.ending, Ending::program_ended);
+        EXPECT_EQ(played.status, 1);
+        EXPECT_EQ(errors(), c.message);
+    }
+}
+
+} // namespace
+} // namespace kq

@@ -1,0 +1,67 @@
+#include "screen/strings.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace kq {
+namespace {
+
+TEST(Strings, ComparesWithoutCaseAndLikeUnsignedBytes)
+{
+    struct Case {
+        const char *a, *b;
+        int expected;
+    };
+    for (const Case& c : {Case{"Homo", "hOMO", 0}, Case{"", "", 0}, Case{"", "a", -1}, Case{"ab", "A", 1},
+                          Case{"Z", "a", 1}, Case{"[", "a", -1}, Case{"\xE0", "z", 1}})
+        EXPECT_EQ(stricmp(c.a, c.b), c.expected) << c.a << " " << c.b;
+}
+
+TEST(Strings, ChangesCaseOfAsciiLettersOnlyAndReverses)
+{
+    char text[] = "aZ-\xE9{@";
+    EXPECT_STREQ(strupr(text), "AZ-\xE9{@");
+    EXPECT_STREQ(strlwr(text), "az-\xE9{@");
+    EXPECT_STREQ(strrev(text), "@{\xE9-za");
+}
+
+TEST(Strings, CutsIntoFixedFields)
+{
+    std::array<char, 5> field{};
+    copy_field(field, "abcdefgh");
+    EXPECT_STREQ(field.data(), "abcd");
+    copy_field(field, "x");
+    EXPECT_STREQ(field.data(), "x");
+    copy_field(std::span<char>(), "x"); // nothing to write to
+}
+
+TEST(Strings, FormatsTextsOfAnyLength)
+{
+    const std::string name(5000, 'n');
+    EXPECT_EQ(text_format("<%s> %3d%%", name.c_str(), 7), "<" + name + ">   7%");
+}
+
+TEST(Strings, WrapsAtBlanksAndBreaksLongWords)
+{
+    using Rows = std::vector<std::string>;
+    struct Case {
+        const char* text;
+        int width;
+        Rows rows;
+    };
+    const Case cases[] = {
+        {"", 5, {""}},
+        {"abcde", 5, {"abcde"}},
+        {"abc de", 5, {"abc", "de"}},
+        {"abcde fg", 5, {"abcde", "fg"}},
+        {"/long/path x", 4, {"/lon", "g/pa", "th x"}},
+        {"a b c", 0, {"a", "b", "c"}},
+        {" abcdef", 3, {" ab", "cde", "f"}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(wrap_text(c.text, c.width), c.rows) << c.text;
+}
+
+} // namespace
+} // namespace kq

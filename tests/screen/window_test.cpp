@@ -1,0 +1,209 @@
+#include "raster/grx.h"
+#include "screen/directories.h"
+#include "screen/text.h"
+#include "screen/window.h"
+#include "support/golden.h"
+#include "support/screen_test.h"
+
+#include <array>
+#include <cstdlib>
+
+namespace kq {
+namespace {
+
+using test::Ending;
+using Numbers = std::array<int, 5>; // as in pyx.sys: font type, height, width, lines, columns
+
+constexpr Numbers defaults = {0, 14, 8, 34, 80};
+
+class Window : public test::ScreenTest {
+protected:
+    static Numbers geometry() { return {_type_font, _gr_size_x, _gr_size_y, _nb_line, _nb_col}; }
+    test::Played dialog(std::string_view keys)
+    {
+        return play(keys, [] { choice_option_window(program_title); });
+    }
+};
+
+TEST_F(Window, ReadsItsGeometryOrTakesTheDefaults)
+{
+    struct Case {
+        const char* text;
+        Numbers expected;
+    };
+    const Case cases[] = {
+        {"1\n20\n12\n50\n120\n", {1, 20, 12, 50, 120}},
+        {"0\n8\n6\n20\n20\n", {0, 8, 6, 20, 20}},
+        {"2\r\n16\r\n8\r\n200\r\n200", {2, 16, 8, 200, 200}},
+        {"", defaults},
+        {"1\n20\n12\n50\n", defaults},
+        {"1\n20\n12\n50\nx\n", defaults},
+        {"3\n14\n8\n34\n80\n", defaults},
+        {"-1\n14\n8\n34\n80\n", defaults},
+        {"0\n0\n8\n34\n80\n", defaults},
+        {"0\n14\n999\n34\n80\n", defaults},
+        {"0\n14\n8\n19\n80\n", defaults},
+        {"0\n14\n8\n201\n80\n", defaults},
+        {"0\n14\n8\n34\n19\n", defaults},
+        {"0\n14\n8\n34\n99999999999999999999\n", defaults},
+    };
+    for (const Case& c : cases) {
+        write_file("zolt/data/pyx.sys", c.text);
+        read_config_pyx();
+        EXPECT_EQ(geometry(), c.expected) << c.text;
+    }
+    dir_DATA = path("nowhere/");
+    read_config_pyx();
+    EXPECT_EQ(geometry(), defaults);
+}
+
+TEST_F(Window, SavesItsGeometry)
+{
+    open({.lines = 40, .columns = 100, .cell_width = 8, .cell_height = 16});
+    save_config_pyx();
+    EXPECT_EQ(read_file("zolt/data/pyx.sys"), "0\n16\n8\n40\n100\n");
+    dir_DATA = path("nowhere/");
+    play("Q", [] { save_config_pyx(); });
+    EXPECT_EQ(errors(), "") << "a directory that cannot be written is a warning";
+}
+
+TEST_F(Window, HasTheSizeOfItsCells)
+{
+    open({.lines = 20, .columns = 30, .cell_width = 6, .cell_height = 8});
+    EXPECT_EQ(GrSizeX(), 180);
+    EXPECT_EQ(GrSizeY(), 160);
+    EXPECT_EQ(x2_win, 19);
+    EXPECT_EQ(y2_win, 29);
+}
+
+// Which pixels of the first cell a character lights.
+std::string glyph(char character)
+{
+    _settextposition(1, 1);
+    _outchar(' ');
+    _outchar(character);
+    std::string pixels;
+    for (int y = 0; y < _gr_size_x; y++)
+        for (int x = 0; x < _gr_size_y; x++)
+            pixels += GrPixel(x, y) == color_c ? '#' : '.';
+    return pixels;
+}
+
+TEST_F(Window, TakesTheBuiltInFontOfTheCellsHeight)
+{
+    const auto expected = [](const GrFont& font) {
+        GrTextOption option{&font, static_cast<GrColor>(color_c), 0};
+        GrDrawChar('R', 100, 100, _gr_size_y, _gr_size_x, option);
+        std::string pixels;
+        for (int y = 0; y < _gr_size_x; y++)
+            for (int x = 0; x < _gr_size_y; x++)
+                pixels += GrPixel(100 + x, 100 + y) == color_c ? '#' : '.';
+        return pixels;
+    };
+    struct Case {
+        int width, height, type;
+        const GrFont* font;
+        const char* why;
+    };
+    const Case cases[] = {
+        {8, 14, 0, &GrFont_PC8x14, "by height"},
+        {8, 16, 0, &GrFont_PC8x16, "by height"},
+        {8, 8, 0, &GrFont_PC8x8, "by height"},
+        {6, 8, 0, &GrFont_PC6x8, "by height and width"},
+        {8, 12, 0, &GrFont_PC6x8, "another height keeps the font there was"},
+        {8, 15, 2, &GrFont_PC8x14, "no such file: what fits best"},
+        {4, 5, 2, &GrFont_PC6x8, "no such file, nothing fits: the smallest"},
+        {16, 25, 1, &GrFont_PC8x16, "no such file: what fits best"},
+    };
+    for (const Case& c : cases) {
+        open({.cell_width = c.width, .cell_height = c.height, .font_type = c.type});
+        EXPECT_EQ(glyph('R'), expected(*c.font)) << c.width << "x" << c.height << ": " << c.why;
+    }
+}
+
+TEST_F(Window, MalformedFontFilesAreNoFonts)
+{
+    write_file("zoltexe/cour14.fnt", "no font at all");
+    open({.font_type = 1});
+    EXPECT_NE(glyph('R').find('#'), std::string::npos);
+}
+
+TEST_F(Window, DialogShowsItsChoices)
+{
+    dialog("");
+    EXPECT_SCREEN("window_dialog");
+    dialog("Enter");
+    EXPECT_EQ(line(15).substr(14), "| Number of lines (20-200) =      34" + std::string(14, ' ') + "|");
+    dialog("Down*2 Enter");
+    EXPECT_TRUE(shows("PCdefault"));
+    EXPECT_EQ(line_of("courrier"), 7);
+}
+
+TEST_F(Window, DialogChangesTheGeometry)
+{
+    struct Case {
+        const char* keys;
+        Numbers expected;
+    };
+    const Case cases[] = {
+        {"Enter BackSpace*2 \"50\" Enter", {0, 14, 8, 50, 80}},
+        {"Enter BackSpace*2 \"19\" Enter Escape Escape", defaults}, // out of bounds
+        {"Down Enter BackSpace*2 \"95\" Enter", {0, 14, 8, 34, 90}},
+        {"Down Enter BackSpace*2 \"25\" Up Enter", {0, 14, 8, 34, 20}},
+        {"Down Enter BackSpace*2 \"200\" Enter", {0, 14, 8, 34, 200}},
+        {"Down*3 Enter Home", {0, 14, 8, 34, 80}},
+        {"Down*3 Enter Down Enter", {0, 16, 8, 34, 80}},
+        {"Down*3 Enter Down*2 Enter", {0, 8, 6, 34, 80}},
+        {"Down*3 Enter Down Enter Down*2 Enter Down Enter", {1, 14, 8, 34, 80}}, // another font: 8x14 again
+        {"Down*2 Enter Down*2 Enter Down*3 Enter Down*3 Enter", {2, 19, 8, 34, 80}},
+    };
+    for (const Case& c : cases) {
+        open({});
+        dialog(c.keys);
+        EXPECT_EQ(geometry(), c.expected) << c.keys;
+        EXPECT_EQ(GrSizeX(), _nb_col * _gr_size_y) << c.keys;
+        EXPECT_FALSE(has_file("zolt/data/pyx.sys"));
+    }
+}
+
+TEST_F(Window, DialogIsLeftWithOrWithoutTheChanges)
+{
+    auto played = dialog("Enter BackSpace*2 \"50\" Enter Down Enter BackSpace*2 \"120\" Enter Escape");
+    EXPECT_EQ(played.ending, Ending::returned);
+    EXPECT_EQ(geometry(), defaults);
+    EXPECT_EQ(GrSizeY(), 34 * 14);
+    EXPECT_FALSE(has_file("zolt/data/pyx.sys"));
+
+    played = dialog("Enter BackSpace*2 \"50\" Enter Up Enter");
+    EXPECT_EQ(played.ending, Ending::returned);
+    EXPECT_EQ(read_file("zolt/data/pyx.sys"), "0\n14\n8\n50\n80\n");
+}
+
+TEST_F(Window, SizeMenusReachEverySize)
+{
+    for (const auto& [type, sizes] : {std::pair{0, 4}, {1, 6}, {2, 36}})
+        for (int i = 0; i < sizes; i++) {
+            open({.lines = 20, .columns = 20, .cell_width = 30, .cell_height = 60, .font_type = type});
+            const std::string keys = "Down*" + std::to_string(sizes + i) + " Enter"; // once around
+            EXPECT_EQ(play(keys, choice_size_font).ending, Ending::returned);
+            EXPECT_LT(_gr_size_x, 27);
+            open_window(program_title);
+            EXPECT_EQ(GrSizeX(), 20 * _gr_size_y);
+            EXPECT_NE(glyph('A'), glyph('B')) << _gr_size_y << "x" << _gr_size_x;
+        }
+    EXPECT_EQ(geometry(), (Numbers{2, 25, 16, 20, 20})) << "the last of the last menu";
+    EXPECT_EQ(play("Down Escape", choice_size_font).ending, Ending::returned);
+    EXPECT_EQ(geometry(), (Numbers{2, 25, 16, 20, 20}));
+}
+
+TEST_F(Window, SmallestDialogWorks)
+{
+    open({.lines = 20, .columns = 20});
+    dialog("Down Enter");
+    EXPECT_SCREEN("tiny_window_dialog");
+    dialog("Down Enter BackSpace*2 \"160\" Enter");
+    EXPECT_EQ(_nb_col, 160);
+}
+
+} // namespace
+} // namespace kq
