@@ -27,7 +27,7 @@ constexpr Binding<ChooserAction> rows[] = {
     {key::shift_f10, [](Chooser& c) { return c.choose_geometry(); },   "geometry of the window"},
 };
 // clang-format on
-static_assert(unique_keys(std::span(rows)), "a key is bound twice");
+static_assert(unique_keys<ChooserAction>(rows), "a key is bound twice");
 
 } // namespace
 
