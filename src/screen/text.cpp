@@ -108,6 +108,14 @@ void mark_shape(int line, int column, Shape shape, int c)
     if (cell.ch == ' ') cell.fg = static_cast<unsigned char>(c);
 }
 
+void unmark_shape(int line, int column, Shape shape)
+{
+    if (!grid.holds(line, column)) return;
+    Cell& cell = grid.row(line)[column];
+    cell.shape &= static_cast<unsigned char>(~shape);
+    if (cell.shape == 0 && cell.ch == ' ') cell.fg = Cell{}.fg;
+}
+
 // The cell of a pixel along one axis, also left of and above the screen.
 int cell_of(int pixel, int cell_size)
 {
@@ -217,7 +225,11 @@ void _filled_circle(int x, int y, int radius, int c)
             const int nearest_x = std::clamp(x, column * _gr_size_y, (column + 1) * _gr_size_y - 1);
             const int nearest_y = std::clamp(y, line * _gr_size_x, (line + 1) * _gr_size_x - 1);
             const int dx = nearest_x - x, dy = nearest_y - y;
-            if (dx * dx + dy * dy <= radius * radius + radius) mark_shape(line, column, shape_disc, c);
+            if (dx * dx + dy * dy > radius * radius + radius) continue;
+            if (c == color::black)
+                unmark_shape(line, column, shape_disc); // a disc is erased by one in the background's colour
+            else
+                mark_shape(line, column, shape_disc, c);
         }
 }
 
