@@ -1,0 +1,40 @@
+// model: the keys of the tree screen.
+#include "raster/keys.h"
+#include "taxonomy/tree_screen.h"
+
+namespace kq {
+
+namespace {
+
+// clang-format off
+constexpr Binding<TreeAction> rows[] = {
+    {key::f1,        &TreeScreen::help,              "help on this screen"},
+    {key::f2,        &TreeScreen::select_all,        "select every species below the current node"},
+    {key::shift_f2,  &TreeScreen::select_free,       "select those that are in no other ensemble"},
+    {'N',            &TreeScreen::select_new,        "select the new EST sequences below the current node"},
+    {'<',            &TreeScreen::select_complete,   "select those with at most some percentage of missing characters"},
+    {'>',            &TreeScreen::select_incomplete, "select those with more than some percentage of missing characters"},
+    {key::f3,        &TreeScreen::finish,            "the selection becomes the ensemble"},
+    {key::shift_f3,  &TreeScreen::name_ensemble,     "name the ensemble"},
+    {key::f4,        &TreeScreen::deselect,          "deselect all species, or those below the current node"},
+    {key::f5,        &TreeScreen::reorder,           "reorder the selected species"},
+    {key::shift_f10, &TreeScreen::window_options,    "window size and font"},
+    {key::shift_f12, &TreeScreen::choose_colours,    "choose another file of group colours"},
+    {key::home,      &TreeScreen::to_root,           "to the root of the view"},
+    {key::up,        &TreeScreen::up,                "one leaf up"},
+    {key::down,      &TreeScreen::down,              "one leaf down"},
+    {key::pgup,      &TreeScreen::four_up,           "four leaves up"},
+    {key::pgdn,      &TreeScreen::four_down,         "four leaves down"},
+    {key::left,      &TreeScreen::to_parent,         "to the parent; from the root of a subtree back to the enclosing view"},
+    {key::right,     &TreeScreen::into_subtree,      "into the subtree behind an arrow"},
+    {key::shift_f1,  &TreeScreen::other_alignment,   "load another alignment"},
+    {key::escape,    &TreeScreen::quit,              "leave the program"},
+};
+// clang-format on
+static_assert(unique_keys<TreeAction>(rows), "a key is bound twice");
+
+} // namespace
+
+constinit const KeyTable<TreeAction> tree_keys{"Tree screen", rows, true};
+
+} // namespace kq

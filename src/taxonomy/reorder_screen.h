@@ -1,0 +1,53 @@
+// screen: reordering the selected species by numbers typed beside them.
+#pragma once
+
+#include "screen/bindings.h"
+
+#include <optional>
+#include <vector>
+
+namespace kq {
+
+// Runs the screen; how the tree screen is to be drawn again (3, or 2 after a warning).
+int gere_reorder_specie_retenue();
+
+// One run of the screen: a cursor on a list of two columns, of which a view is shown. The actions of the keys
+// get the key.
+class ReorderScreen {
+public:
+    ReorderScreen();
+    int run();
+
+    void up(int key);
+    void down(int key);
+    void left(int key);
+    void right(int key);
+    void page_up(int key);
+    void page_down(int key);
+    void digit(int key);
+    void erase_digit(int key);
+    void help(int key);
+    void apply(int key);
+    void apply_and_return(int key);
+    void leave(int key);
+
+private:
+    int order_specie();
+    void begin();
+    void move(int entries);
+    void affich_screen() const;
+    void affich_list() const;
+    void affich_entry(int entry) const;
+    int entries_shown() const { return rows_ * columns_; }
+
+    std::vector<int> new_order_; // the number typed beside each entry
+    int dec_spec_ = 0;           // first column shown
+    int current_ = 0;
+    int rows_, columns_; // of the list on the screen
+    std::optional<int> result_;
+};
+
+using ReorderAction = void (ReorderScreen::*)(int key);
+extern const KeyTable<ReorderAction> reorder_keys; // app/reorder_keys.cpp
+
+} // namespace kq

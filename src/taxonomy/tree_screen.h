@@ -1,0 +1,81 @@
+// screen: the tree screen, on which species are selected by group for an ensemble.
+#pragma once
+
+#include "screen/bindings.h"
+
+#include <optional>
+
+namespace kq {
+
+struct node;
+
+// What gere_arbre returns besides the index of the subtree to show next.
+inline constexpr int selection_finished = -1; // the working list holds the selection by rank
+inline constexpr int load_another = -2;       // the user wants another alignment
+
+// Runs the screen for an ensemble on subtree p_arbre[no_arbre].
+int gere_arbre(int ens);
+
+// How the screen is drawn again after a key.
+enum class TreeRedraw : int { nothing = 0, over = 1, tree = 2, screen = 3 };
+
+// One run of the screen. The actions of its keys work on the current node (pcour).
+class TreeScreen {
+public:
+    explicit TreeScreen(int ens);
+    int run();
+
+    TreeRedraw help();
+    TreeRedraw select_all();
+    TreeRedraw select_free();
+    TreeRedraw select_new();
+    TreeRedraw select_complete();
+    TreeRedraw select_incomplete();
+    TreeRedraw finish();
+    TreeRedraw name_ensemble();
+    TreeRedraw deselect();
+    TreeRedraw reorder();
+    TreeRedraw window_options();
+    TreeRedraw choose_colours();
+    TreeRedraw to_root();
+    TreeRedraw up();
+    TreeRedraw down();
+    TreeRedraw four_up();
+    TreeRedraw four_down();
+    TreeRedraw to_parent();
+    TreeRedraw into_subtree();
+    TreeRedraw other_alignment();
+    TreeRedraw quit();
+
+private:
+    // The head of the subtree on display stands at the left and is expanded; it takes its place in the view
+    // of the enclosing subtree again when this goes.
+    class ViewRoot {
+    public:
+        explicit ViewRoot(node& head);
+        ~ViewRoot();
+        ViewRoot(const ViewRoot&) = delete;
+        ViewRoot& operator=(const ViewRoot&) = delete;
+
+    private:
+        node& head_;
+        int saved_y_;
+    };
+
+    TreeRedraw leave(int result);
+    TreeRedraw select_below(int mode);
+    TreeRedraw select_by_completeness(int direction);
+    TreeRedraw move(void (*step)(node*), int steps);
+    TreeRedraw warn(const char* message) const;
+    void draw(TreeRedraw redraw);
+
+    int ens_;
+    node* root_;
+    std::optional<ViewRoot> view_root_;
+    std::optional<int> result_;
+};
+
+using TreeAction = TreeRedraw (TreeScreen::*)();
+extern const KeyTable<TreeAction> tree_keys; // app/tree_keys.cpp
+
+} // namespace kq

@@ -1,0 +1,92 @@
+// A tree screen on real files: frame, groups and colours in the session's own directories.
+#pragma once
+
+#include "core/ali_reader.h"
+#include "screen/directories.h"
+#include "support/golden.h"
+#include "support/screen_test.h"
+#include "support/shared_data.h"
+#include "taxonomy/ensembles.h"
+#include "taxonomy/frame_files.h"
+#include "taxonomy_session.h"
+
+namespace kq::test {
+
+// One set of the shared alignments.
+struct DataSet {
+    std::string folder, alignment, frame, groups;
+};
+inline const DataSet ssu_small{"ssu_small", "ssu_small", "BACTERIA", "bacteria"};
+inline const DataSet birds{"ovomucoid", "ovomucoid", "BIRDS", "birds"};
+inline const DataSet proteases{"proteases", "proteases", "ANIMALS", "animals"};
+
+class TreeTest : public ScreenTest {
+public:
+    explicit TreeTest(const Geometry& geometry = {})
+        : ScreenTest(geometry)
+    {
+        reset_taxonomy();
+        file_frame.clear();
+        file_NOM.clear();
+        file_COL.clear();
+    }
+    ~TreeTest() override { reset_taxonomy(); }
+
+    // Reads frame, groups and colours from the session's files, as the program does after a load.
+    void read_taxonomy(const std::string& frame, const std::string& groups)
+    {
+        write_file("zolt/data/afas.ref", frame + "\n" + path("zolt/data/" + groups + ".nom") + "\n" +
+                                             path("zolt/data/" + groups + ".col") + "\n");
+        read_FRA_NOM_COL();
+        read_frame();
+        adjust_frame();
+        read_file_NOM();
+    }
+
+    // Six species on the five leaves of `five_leaves`.
+    void load_five_leaves()
+    {
+        load_rows({{.name = "Ant alpha@1", .text = "ACGTACGTAC"},
+                   {.name = "Bee beta@2", .text = "ACGT*CGTAC"},
+                   {.name = "Cat gamma@3", .text = "AC??**  AC", .is_new = true},
+                   {.name = "Dog delta@4", .text = "ACGTACGTAC", .masked = true},
+                   {.name = "Elk epsilon@5", .text = "**********"},
+                   {.name = "Fox zeta@6", .text = "ACGTACGTNN"}});
+        write_file("zoltexe/FIVE.fra", "1 May\n" + std::string(five_leaves) + "\n");
+        write_file("zolt/data/five.nom",
+                   "Ant alpha,A\nBee beta,B\nCat gamma,C\nDog delta,C\nElk epsilon,A\nFox zeta,E\n");
+        write_file("zolt/data/five.col", "10,A\n3,B\n14,C\n5,E\n");
+        read_taxonomy("FIVE", "five");
+    }
+
+    void load(const DataSet& set)
+    {
+        const std::string folder = *shared_data() + "/" + set.folder;
+        const std::string groups = "zolt/data/" + set.groups;
+        write_file("zoltexe/" + set.frame + ".fra",
+                   read_bytes(folder + "/ZOLTEXE/zoltexe/" + set.frame + ".fra"));
+        for (const char* extension : {".nom", ".col"})
+            write_file(groups + extension, read_bytes(folder + "/ZOLT/" + groups + extension));
+        ASSERT_TRUE(store_allocate());
+        const std::string alignment = folder + "/ZOLT/seq/" + set.alignment + ".ali";
+        ASSERT_EQ(load_ali(alignment, check_ali(alignment)), "");
+        derive_families();
+        read_taxonomy(set.frame, set.groups);
+    }
+
+    // Plays keys into the tree screen of ensemble 0.
+    Played play_tree(std::string_view keys)
+    {
+        return play(keys, [this] { constructed = construct_ensemble(0); });
+    }
+    std::vector<std::string> ensemble_names() const
+    {
+        std::vector<std::string> names;
+        for (const int s : members(0))
+            names.emplace_back(identifier(s));
+        return names;
+    }
+    int constructed = -99; // what construct_ensemble returned
+};
+
+} // namespace kq::test
