@@ -1,41 +1,91 @@
-// model: per-column counts of residue classes.
+// model: per-column counts of residue classes, for the sets of rows in use.
 //
-// Counts are kept for the sets of rows in use: all ensembles together (a species in two ensembles counts
-// twice), all species, and each collapsed ensemble. core/edit.h keeps them exact by the change alone; a set
-// whose counts are out of date is counted anew when it is next asked for. What reads counts never scans rows.
+// Counts are kept for all ensembles together (a species in two ensembles counts twice), all species, and each
+// collapsed ensemble, from the moment they are first asked for. core/edit.h keeps them exact by the change
+// alone; a set whose counts are out of date is counted anew when it is next asked for. What reads counts
+// never scans rows.
 #pragma once
 
+#include "core/count_table.h"
+
 #include <cstdint>
+#include <span>
 #include <string>
-#include <vector>
+#include <string_view>
 
 namespace kq {
 
 // The sets that counts are kept for.
 enum class CountedSet { ensembles, species, ensemble };
 
-// The counts of a set: one counter for each residue code and column. blank() counts the blanks alone; they
-// are counted under the unknown code too. Characters without a code are in no counter.
-struct ColumnCounts {
-    int members = 0; // rows counted, with multiplicity
-    int codes = 0;   // number of residue codes
-    int columns = 0;
-    std::vector<std::uint32_t> counters; // code-major, the blanks last
-    std::uint32_t count(int code, int column) const
-    {
-        return counters[static_cast<std::size_t>(code) * static_cast<std::size_t>(columns) +
-                        static_cast<std::size_t>(column)];
-    }
-    std::uint32_t blank(int column) const { return count(codes, column); }
-};
-// Counts the set anew first when its counts are out of date. `ensemble` is read for CountedSet::ensemble
-// only.
-const ColumnCounts& column_counts(CountedSet set, int ensemble = 0);
-
-// Declares every count out of date: the rows or the ensembles were written from outside the door.
+// Counts the set first when it has no counts. `ensemble` is read for CountedSet::ensemble only. Valid until
+// the next change of the alignment. Memory refused is a fatal end.
+const CountTable& column_counts(CountedSet set, int ensemble = 0);
+// The columns whose counts may have changed since the last call for this set, everything after a count. A set
+// has one reader that calls this: the consensus line or the consensus of the ensemble.
+ColumnRange take_changes(CountedSet set, int ensemble = 0);
+// Keeps no more counts of the set until they are asked for again.
+void release_counts(CountedSet set, int ensemble = 0);
+// Declares every count out of date: rows or ensembles were written from outside the door.
 void counts_forget();
 
-// Empty, or the first counter that differs from a plain recount of the rows (slow; tests and debug builds).
+// Empty, or the first counter that differs from a plain recount of the rows, or the first wrong note of a
+// species' ensembles (slow; tests and debug builds).
 std::string columns_error();
+
+// ---- upkeep, for core/edit only
+
+// One row changes within the columns [first, last) while this lives. `apart_from` is an ensemble whose own
+// counts, and what it adds to the sums, are kept by an EnsembleChange; -1 = none.
+class RowChange {
+public:
+    RowChange(int species, int first, int last, int apart_from = -1);
+    ~RowChange();
+    RowChange(const RowChange&) = delete;
+    RowChange& operator=(const RowChange&) = delete;
+
+private:
+    int species_, first_, last_, apart_from_;
+};
+// Whether a RowChange would have anything to do.
+bool row_is_counted(int species, int apart_from = -1);
+
+// All members of an ensemble change alike from column `first` on while this lives: its table is changed, and
+// with it the sums.
+class EnsembleChange {
+public:
+    EnsembleChange(int ensemble, int first);
+    ~EnsembleChange();
+    EnsembleChange(const EnsembleChange&) = delete;
+    EnsembleChange& operator=(const EnsembleChange&) = delete;
+    void inserted(int n, char c); // after the rows: n characters c at `first`
+    void erased(int n);           // after the rows: n characters at `first`; what entered at the end is read
+
+private:
+    int ensemble_, first_;
+};
+
+// n columns open at p in every row but the kept ones while this lives. When it ends the rows, and nb_nuc_tot,
+// have changed.
+class OpeningColumns {
+public:
+    OpeningColumns(std::span<const int> kept, int kept_ensemble, int p, int n);
+    ~OpeningColumns();
+    OpeningColumns(const OpeningColumns&) = delete;
+    OpeningColumns& operator=(const OpeningColumns&) = delete;
+
+private:
+    std::span<const int> kept_;
+    int kept_ensemble_, p_, n_;
+};
+
+// The alignment, and with it each row, has become n columns longer at its end.
+void counts_extended(int n);
+// A row has been added; it belongs to no ensemble yet.
+void counts_row_added(int species);
+// Members leave and enter an ensemble, whose list may have changed already.
+void counts_members_changed(int ensemble, std::span<const int> removed, std::span<const int> added);
+// Before an ensemble is taken out and the later ones move down.
+void counts_ensemble_removed(int ensemble);
 
 } // namespace kq

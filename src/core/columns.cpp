@@ -63,10 +63,13 @@ int recompute_hidden(bool show_all, int position)
         std::memset(delcom, shown, static_cast<std::size_t>(nb_nuc_tot));
     } else {
         const auto& counts = column_counts(CountedSet::ensembles);
-        for (int p = 0; p < nb_nuc_tot; p++) {
-            const auto gaps = counts.count(code_gap, p) + counts.blank(p);
-            delcom[p] = gaps == static_cast<std::uint32_t>(counts.members) ? hidden : shown;
-        }
+        const auto all = static_cast<std::uint32_t>(counts.members());
+        counts.read([&](auto counters) {
+            const auto* gaps = counters.row(code_gap);
+            const auto* blanks = counters.row(counts.codes());
+            for (int p = 0; p < nb_nuc_tot; p++)
+                delcom[p] = static_cast<std::uint32_t>(gaps[p]) + blanks[p] == all ? hidden : shown;
+        });
     }
     delcom[nb_nuc_tot] = sentinel;
     nb_nuc = nb_nuc_tot - count_hidden(nb_nuc_tot);

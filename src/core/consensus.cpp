@@ -1,7 +1,7 @@
 // model: the consensus line and the consensus of each ensemble.
 #include "core/consensus.h"
 
-#include "core/columns.h"
+#include "core/column_counts.h"
 #include "core/consensus_kernel.h"
 #include "core/options.h"
 #include "core/store.h"
@@ -17,7 +17,8 @@ constinit std::array<unsigned char*, 50> val_seq_cons{};
 
 namespace {
 
-constexpr int most_codes = 25;
+// What ligne_consensus was last computed for: the value of opt_consensus, or 0 when it holds nothing.
+constinit int line_option = 0;
 
 // Blanks at level 0 from column `first` on, closed at nb `columns`.
 void clear_strings(std::size_t e, int first, int columns)
@@ -55,14 +56,6 @@ void release_strings(std::size_t e)
     val_seq_cons[e] = nullptr;
 }
 
-std::span<const std::uint32_t> gather(const ColumnCounts& counts, int column,
-                                      std::array<std::uint32_t, most_codes>& codes)
-{
-    for (int code = 0; code < counts.codes; code++)
-        codes[static_cast<std::size_t>(code)] = counts.count(code, column);
-    return std::span(codes).first(static_cast<std::size_t>(counts.codes));
-}
-
 } // namespace
 
 std::string consensus_allocate(int ensemble, int columns)
@@ -95,17 +88,20 @@ void consensus_release()
     for (std::size_t e = 0; e < seq_cons.size(); e++)
         release_strings(e);
     ligne_consensus[0] = 0;
+    line_option = 0;
 }
 
 void compute_ligne_consensus()
 {
+    if (opt_consensus != 2) release_counts(CountedSet::species);
     if (opt_consensus == 0) return;
-    const auto& counts = column_counts(opt_consensus == 1 ? CountedSet::ensembles : CountedSet::species);
-    std::array<std::uint32_t, most_codes> codes{};
-    for (int p = 0; p < nb_nuc_tot; p++)
-        ligne_consensus[p] =
-            consensus_mark(gather(counts, p, codes), static_cast<std::uint32_t>(counts.members));
+    const auto set = opt_consensus == 1 ? CountedSet::ensembles : CountedSet::species;
+    const auto& counts = column_counts(set);
+    auto stale = take_changes(set);
+    if (line_option != opt_consensus) stale = {0, nb_nuc_tot};
+    mark_columns(counts, stale, ligne_consensus);
     ligne_consensus[nb_nuc_tot] = 0;
+    line_option = opt_consensus;
 }
 
 void compute_consensus(int ensemble)
@@ -113,13 +109,8 @@ void compute_consensus(int ensemble)
     const auto e = static_cast<std::size_t>(ensemble);
     if (!collapsed(ensemble) || !seq_cons[e]) return;
     const auto& counts = column_counts(CountedSet::ensemble, ensemble);
-    std::array<std::uint32_t, most_codes> codes{};
-    for (int p = 0; p < nb_nuc_tot; p++) {
-        const auto found = column_consensus(gather(counts, p, codes), counts.blank(p),
-                                            static_cast<std::uint32_t>(counts.members), caractere);
-        seq_cons[e][p] = found.character;
-        val_seq_cons[e][p] = found.level;
-    }
+    const auto stale = take_changes(CountedSet::ensemble, ensemble);
+    consensus_columns(counts, stale, caractere, seq_cons[e], val_seq_cons[e]);
     seq_cons[e][nb_nuc_tot] = 0;
     val_seq_cons[e][nb_nuc_tot] = 255;
 }

@@ -1,7 +1,12 @@
-// kernel: consensus marks from the counts of one column.
+// kernel: consensus marks from the counts of residue codes.
 #include "core/consensus_kernel.h"
 
+#include "core/vector_clones.h"
+
 #include <algorithm>
+#include <array>
+#include <cassert>
+#include <type_traits>
 
 namespace kq {
 
@@ -39,6 +44,168 @@ ColumnConsensus column_consensus(std::span<const std::uint32_t> counts, std::uin
     if (10 * unknown / n > 8) return {letters[second], level(1)};
     if (letters[first] != ' ') return {letters[first], level(10 * first_count / (n - unknown))};
     return {letters[second], level(10 * second_count / (n - unknown))};
+}
+
+// ---- many columns at a time
+//
+// Each step runs over a block of columns, so that it becomes vector instructions; the counters of a class lie
+// side by side. The functions with an overload for each width of counter are what is compiled twice.
+
+namespace {
+
+constexpr int block_columns = 256;
+template <typename Number>
+using Block = std::array<Number, block_columns>;
+
+template <typename Counter>
+struct BlockCounts {
+    CounterGrid<const Counter> counters;
+    int codes;
+    int n; // rows
+    int first, width;
+
+    const Counter* row(int k) const { return counters.row(k) + first; }
+    // The unknown class, blanks included.
+    [[gnu::always_inline]] void add_unknown(Block<Counter>& unknown) const
+    {
+        const Counter *others = row(codes - 1), *blanks = row(codes);
+        for (int j = 0; j < width; j++)
+            unknown[static_cast<std::size_t>(j)] = static_cast<Counter>(others[j] + blanks[j]);
+    }
+};
+
+template <typename Counter>
+[[gnu::always_inline]] inline void raise_maximum(Block<Counter>& most, const Counter* counts, int width)
+{
+    for (int j = 0; j < width; j++)
+        most[static_cast<std::size_t>(j)] = std::max(most[static_cast<std::size_t>(j)], counts[j]);
+}
+
+// q = 10 m / K of consensus_mark is never computed: q >= 2 means 5 m >= K, q >= 4 means 5 m >= 2 K, and
+// q > 9 with m != K means m > K.
+template <typename Counter>
+[[gnu::always_inline]] inline void mark_any_block(const BlockCounts<Counter>& block, char* marks)
+{
+    Block<Counter> most{}, unknown;
+    for (int code = 0; code < block.codes - 1; code++)
+        raise_maximum(most, block.row(code), block.width);
+    block.add_unknown(unknown);
+    raise_maximum(most, unknown.data(), block.width);
+    for (int j = 0; j < block.width; j++) {
+        const int m = static_cast<int>(most[static_cast<std::size_t>(j)]);
+        const int K = block.n - static_cast<int>(unknown[static_cast<std::size_t>(j)]);
+        const char mark = 5 * m >= 2 * K ? '*' : 5 * m >= K ? '.' : ' ';
+        marks[j] = K == 0 || m > K ? ' ' : mark;
+    }
+}
+
+template <typename Counter>
+struct Leaders {
+    Block<Counter> code{}, count{}, second_code{}, second_count{};
+};
+
+template <typename Counter>
+[[gnu::always_inline]] inline void scan_code(Leaders<Counter>& leaders, int code, const Counter* counts,
+                                             int width)
+{
+    for (std::size_t j = 0; j < static_cast<std::size_t>(width); j++) {
+        const bool leads = counts[j] > leaders.count[j];
+        leaders.second_code[j] = leads ? leaders.code[j] : leaders.second_code[j];
+        leaders.second_count[j] = leads ? leaders.count[j] : leaders.second_count[j];
+        leaders.code[j] = leads ? static_cast<Counter>(code) : leaders.code[j];
+        leaders.count[j] = leads ? counts[j] : leaders.count[j];
+    }
+}
+
+// The cases of column_consensus as selections. Single precision divides exactly enough: a quotient 10 c / d
+// with c, d <= 1,000,000 that is no integer lies further from the next one than rounding can move it.
+template <typename Counter>
+[[gnu::always_inline]] inline void decide_any_block(const BlockCounts<Counter>& block, Block<Counter>& picked,
+                                                    unsigned char* levels)
+{
+    Leaders<Counter> leaders;
+    Block<Counter> unknown;
+    const int n = block.n, unknown_code = block.codes - 1;
+    for (int code = 0; code < unknown_code; code++)
+        scan_code(leaders, code, block.row(code), block.width);
+    block.add_unknown(unknown);
+    scan_code(leaders, unknown_code, unknown.data(), block.width);
+    const Counter *gap_counts = block.row(0), *blank_counts = block.row(block.codes);
+    for (std::size_t j = 0; j < static_cast<std::size_t>(block.width); j++) {
+        const int S = static_cast<int>(blank_counts[j]), G = static_cast<int>(gap_counts[j]);
+        const int X = static_cast<int>(unknown[j]);
+        const bool only_gaps = S + G == n, no_residue = X + G == n, dominated = 10 * X >= 9 * n;
+        const bool runner_up = dominated || leaders.code[j] == static_cast<Counter>(unknown_code);
+        const int leader = static_cast<int>(runner_up ? leaders.second_code[j] : leaders.code[j]);
+        const int leading = static_cast<int>(runner_up ? leaders.second_count[j] : leaders.count[j]);
+        const int c = no_residue ? G : leading;
+        const int d = no_residue ? G + X - S : n - X;
+        const int quotient =
+            static_cast<int>(10.0F * static_cast<float>(c) / static_cast<float>(std::max(d, 1)));
+        const int v = only_gaps ? 10 : dominated && !no_residue ? 1 : quotient;
+        const int code = only_gaps && S > G ? unknown_code : no_residue ? 0 : leader;
+        picked[j] = static_cast<Counter>(code);
+        levels[j] = static_cast<unsigned char>(std::min(9, 10 - v));
+    }
+}
+
+KQ_VECTOR_CLONES void mark_block(const BlockCounts<std::uint16_t>& block, char* marks)
+{
+    mark_any_block(block, marks);
+}
+
+KQ_VECTOR_CLONES void mark_block(const BlockCounts<std::uint32_t>& block, char* marks)
+{
+    mark_any_block(block, marks);
+}
+
+KQ_VECTOR_CLONES void decide_block(const BlockCounts<std::uint16_t>& block, Block<std::uint16_t>& picked,
+                                   unsigned char* levels)
+{
+    decide_any_block(block, picked, levels);
+}
+
+KQ_VECTOR_CLONES void decide_block(const BlockCounts<std::uint32_t>& block, Block<std::uint32_t>& picked,
+                                   unsigned char* levels)
+{
+    decide_any_block(block, picked, levels);
+}
+
+// Calls f(block) for each block of the columns.
+template <typename F>
+void for_blocks(const CountTable& counts, ColumnRange columns, F f)
+{
+    counts.read([&](auto counters) {
+        using Counter = std::remove_cvref_t<decltype(*counters.first)>;
+        for (int first = columns.first; first < columns.last; first += block_columns)
+            f(BlockCounts<Counter>{counters, counts.codes(), counts.members(), first,
+                                   std::min(block_columns, columns.last - first)});
+    });
+}
+
+} // namespace
+
+void mark_columns(const CountTable& counts, ColumnRange columns, char* marks)
+{
+    for_blocks(counts, columns, [marks](const auto& block) { mark_block(block, marks + block.first); });
+}
+
+void consensus_columns(const CountTable& counts, ColumnRange columns, const char* letters, char* characters,
+                       unsigned char* levels)
+{
+    assert(counts.members() <= 1000000);
+    if (columns.empty()) return;
+    if (counts.members() == 0) {
+        std::fill(characters + columns.first, characters + columns.last, ' ');
+        std::fill(levels + columns.first, levels + columns.last, static_cast<unsigned char>(0));
+        return;
+    }
+    for_blocks(counts, columns, [=]<typename Counter>(const BlockCounts<Counter>& block) {
+        Block<Counter> picked;
+        decide_block(block, picked, levels + block.first);
+        for (int j = 0; j < block.width; j++)
+            characters[block.first + j] = letters[picked[static_cast<std::size_t>(j)]];
+    });
 }
 
 } // namespace kq

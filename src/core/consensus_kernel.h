@@ -1,5 +1,7 @@
-// kernel: consensus marks from the counts of one column.
+// kernel: consensus marks from the counts of residue codes.
 #pragma once
+
+#include "core/count_table.h"
 
 #include <cstdint>
 #include <span>
@@ -20,5 +22,11 @@ struct ColumnConsensus {
 // Deliberate: the runner-up is the previous leader of the scan, not the second most frequent code.
 ColumnConsensus column_consensus(std::span<const std::uint32_t> counts, std::uint32_t blanks, std::uint32_t n,
                                  const char* letters);
+
+// The same for the columns of a range, many at a time; column p is written to place p of the strings. The
+// letters begin with "*" and end with a blank. At most 1,000,000 rows.
+void mark_columns(const CountTable& counts, ColumnRange columns, char* marks);
+void consensus_columns(const CountTable& counts, ColumnRange columns, const char* letters, char* characters,
+                       unsigned char* levels);
 
 } // namespace kq

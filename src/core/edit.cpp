@@ -88,6 +88,24 @@ void delete_from_row(int species, int p, int n)
     set_length(species, new_length);
 }
 
+// Runs change(i) for each row of a command, in parallel where rows are counted through their ensemble only.
+template <typename Change>
+void change_rows(const Rows& rows, int first, Change change)
+{
+    const auto species = rows.species();
+    std::vector<std::size_t> counted_apart;
+    for (std::size_t i = 0; i < species.size(); i++)
+        if (row_is_counted(species[i], rows.ensemble())) counted_apart.push_back(i);
+    for (const auto i : counted_apart) {
+        const RowChange watch(species[i], first, nb_nuc_tot, rows.ensemble());
+        change(i);
+    }
+    if (counted_apart.size() == species.size()) return;
+#pragma omp parallel for schedule(static) if (species.size() > 100)
+    for (std::size_t i = 0; i < species.size(); i++)
+        if (!std::ranges::binary_search(counted_apart, i)) change(i);
+}
+
 } // namespace
 
 std::span<const int> Rows::species() const
@@ -106,9 +124,9 @@ bool insert_chars(const Rows& rows, int p, int n, char c)
         lengths[i] = length_after_insertion(species[i], p, n);
         if (lengths[i] > nb_nuc_tot && lengths[i] > longest_text()) return false;
     }
-    for (std::size_t i = 0; i < species.size(); i++)
-        insert_into_row(species[i], p, n, c, lengths[i]);
-    counts_forget();
+    EnsembleChange counts(rows.ensemble(), p);
+    change_rows(rows, p, [&](std::size_t i) { insert_into_row(species[i], p, n, c, lengths[i]); });
+    counts.inserted(n, c);
     return true;
 }
 
@@ -132,9 +150,10 @@ void delete_chars(const Rows& rows, int p, int n)
 {
     assert(p >= 0 && p < nb_nuc_tot && n >= 0);
     n = std::min(n, nb_nuc_tot - p);
-    for (const int species : rows.species())
-        delete_from_row(species, p, n);
-    counts_forget();
+    const auto species = rows.species();
+    EnsembleChange counts(rows.ensemble(), p);
+    change_rows(rows, p, [&](std::size_t i) { delete_from_row(species[i], p, n); });
+    counts.erased(n);
 }
 
 bool all_editable_gaps(const Rows& rows, int p)
@@ -146,20 +165,20 @@ bool all_editable_gaps(const Rows& rows, int p)
 void overwrite(int species, int p, std::string_view text)
 {
     assert(p >= 0 && p + std::ssize(text) <= nb_nuc_tot);
+    const RowChange watch(species, p, p + static_cast<int>(text.size()));
     fill_up(species, nb_nuc_tot);
     std::memcpy(row_storage(species) + p, text.data(), text.size());
-    counts_forget();
 }
 
 bool insert_residue(int species, int p, char c)
 {
     const int new_length = std::max(length_of(species), p) + 1;
     if (new_length > longest_text()) return false;
+    const RowChange watch(species, std::min(p, nb_nuc_tot), nb_nuc_tot);
     fill_up(species, p);
     move_text(species, p + 1, p, new_length - 1 - p);
     row_storage(species)[p] = c;
     set_length(species, new_length);
-    counts_forget();
     return true;
 }
 
@@ -167,9 +186,9 @@ void delete_residue(int species, int p)
 {
     const int length = length_of(species);
     if (p >= length) return;
+    const RowChange watch(species, std::min(p, nb_nuc_tot), nb_nuc_tot);
     move_text(species, p, p + 1, length - 1 - p);
     set_length(species, length - 1);
-    counts_forget();
 }
 
 // ---- alignment length
@@ -206,16 +225,16 @@ Growth grow_alignment(int n)
     for (int species = 0; species < nb_spec; species++)
         fill_up(species, nb_nuc_tot + n);
     extend_columns(n);
-    counts_forget();
+    counts_extended(n);
     return Growth::grown;
 }
 
 Growth open_columns(const Rows& kept, int p, int n)
 {
     assert(p >= 0 && p <= nb_nuc_tot && n >= 0);
-    std::vector<bool> is_kept(static_cast<std::size_t>(nb_spec));
+    std::vector<char> is_kept(static_cast<std::size_t>(nb_spec));
     for (const int species : kept.species())
-        is_kept[static_cast<std::size_t>(species)] = true;
+        is_kept[static_cast<std::size_t>(species)] = 1;
     for (int species = 0; species < nb_spec; species++)
         if (!is_kept[static_cast<std::size_t>(species)] && length_of(species) > nb_nuc_tot &&
             length_of(species) + n > longest_text())
@@ -223,6 +242,8 @@ Growth open_columns(const Rows& kept, int p, int n)
     const auto reserved = reserve_columns(n);
     if (reserved != Growth::grown) return reserved;
 
+    const OpeningColumns counts(kept.species(), kept.ensemble(), p, n);
+#pragma omp parallel for schedule(static) if (nb_spec > 100)
     for (int species = 0; species < nb_spec; species++) {
         if (is_kept[static_cast<std::size_t>(species)]) {
             fill_up(species, nb_nuc_tot + n);
@@ -232,7 +253,6 @@ Growth open_columns(const Rows& kept, int p, int n)
         }
     }
     extend_columns(n);
-    counts_forget();
     return Growth::grown;
 }
 

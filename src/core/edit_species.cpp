@@ -53,7 +53,7 @@ Adding add_species(std::string_view name, std::string_view text)
     restride(stride);
     put_new_row(nb_spec, name, text);
     nb_spec++;
-    counts_forget();
+    counts_row_added(nb_spec - 1);
     return Adding::added;
 }
 

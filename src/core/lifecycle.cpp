@@ -19,6 +19,7 @@ void alignment_reset()
 {
     libere_memoire();
     store_reset();
+    counts_forget();
     options_reset();
 }
 

@@ -111,11 +111,24 @@ void store_release()
     ident = nullptr;
 }
 
+namespace {
+
+// Rows that lie close together get large pages: moving and counting them touches every page of the block.
+// Rows far apart must not, or a small alignment would fill the whole block with zeros.
+void choose_page_size()
+{
+    const bool close = 2L * (nb_nuc_tot + 1) >= lenseq_tot;
+    if (seq) madvise(seq, static_cast<std::size_t>(seq_capacity), close ? MADV_HUGEPAGE : MADV_NOHUGEPAGE);
+}
+
+} // namespace
+
 std::string store_begin(int species, int columns)
 {
     nb_spec = species;
     nb_nuc_tot = columns;
     lenseq_tot = static_cast<int>(seq_capacity / species);
+    choose_page_size();
     std::free(ident);
     ident = static_cast<char*>(std::calloc(static_cast<std::size_t>(species), identifier_size));
     return ident ? "" : "ident";
