@@ -166,6 +166,14 @@ TEST_F(TextScreen, IsDumpedWithItsColours)
     EXPECT_SCREEN("text_dump");
 }
 
+TEST_F(TextScreen, IsWrittenByAScriptThatAsksForIt)
+{
+    _outtext("seen");
+    play("screen shot Q", [] { GrKeyRead(); });
+    EXPECT_EQ(read_file("shot.txt"), screen_dump());
+    EXPECT_TRUE(has_file("shot.png"));
+}
+
 TEST_F(TextScreen, KeepsTheCursorOnTheScreen)
 {
     _settextwindow(1, 1, 34, 80);
