@@ -36,12 +36,6 @@ TEST(Strings, CutsIntoFixedFields)
     copy_field(std::span<char>(), "x"); // nothing to write to
 }
 
-TEST(Strings, FormatsTextsOfAnyLength)
-{
-    const std::string name(5000, 'n');
-    EXPECT_EQ(text_format("<%s> %3d%%", name.c_str(), 7), "<" + name + ">   7%");
-}
-
 TEST(Strings, WrapsAtBlanksAndBreaksLongWords)
 {
     using Rows = std::vector<std::string>;

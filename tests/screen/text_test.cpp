@@ -174,14 +174,5 @@ TEST_F(TextScreen, IsWrittenByAScriptThatAsksForIt)
     EXPECT_TRUE(has_file("shot.png"));
 }
 
-TEST_F(TextScreen, KeepsTheCursorOnTheScreen)
-{
-    _settextwindow(1, 1, 34, 80);
-    _display_cursor(500, 500);
-    _display_cursor(-5, -5);
-    _clean_cursor();
-    _clean_cursor();
-}
-
 } // namespace
 } // namespace kq

@@ -67,15 +67,6 @@ TEST_F(Window, SavesItsGeometry)
     EXPECT_EQ(errors(), "") << "a directory that cannot be written is a warning";
 }
 
-TEST_F(Window, HasTheSizeOfItsCells)
-{
-    open({.lines = 20, .columns = 30, .cell_width = 6, .cell_height = 8});
-    EXPECT_EQ(GrSizeX(), 180);
-    EXPECT_EQ(GrSizeY(), 160);
-    EXPECT_EQ(x2_win, 19);
-    EXPECT_EQ(y2_win, 29);
-}
-
 // Which pixels of the first cell a character lights.
 std::string glyph(char character)
 {
@@ -100,6 +91,7 @@ TEST_F(Window, TakesTheBuiltInFontOfTheCellsHeight)
                 pixels += GrPixel(100 + x, 100 + y) == color_c ? '#' : '.';
         return pixels;
     };
+    write_file("zoltexe/cour20.fnt", "no font at all");
     struct Case {
         int width, height, type;
         const GrFont* font;
@@ -113,19 +105,12 @@ TEST_F(Window, TakesTheBuiltInFontOfTheCellsHeight)
         {8, 12, 0, &GrFont_PC6x8, "another height keeps the font there was"},
         {8, 15, 2, &GrFont_PC8x14, "no such file: what fits best"},
         {4, 5, 2, &GrFont_PC6x8, "no such file, nothing fits: the smallest"},
-        {16, 25, 1, &GrFont_PC8x16, "no such file: what fits best"},
+        {12, 20, 1, &GrFont_PC8x16, "no font in the file: what fits best"},
     };
     for (const Case& c : cases) {
         open({.cell_width = c.width, .cell_height = c.height, .font_type = c.type});
         EXPECT_EQ(glyph('R'), expected(*c.font)) << c.width << "x" << c.height << ": " << c.why;
     }
-}
-
-TEST_F(Window, MalformedFontFilesAreNoFonts)
-{
-    write_file("zoltexe/cour14.fnt", "no font at all");
-    open({.font_type = 1});
-    EXPECT_NE(glyph('R').find('#'), std::string::npos);
 }
 
 TEST_F(Window, DialogShowsItsChoices)
