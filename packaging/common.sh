@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Shared by ./run and ./check, sourced from the top of the source tree: messages and missing packages.
 
 say() { printf '%s\n' "$*" >&2; }

@@ -54,12 +54,14 @@ private:
 
     void skip_blanks_and_comments()
     {
-        for (; at_ < text_.size(); at_++) {
-            if (text_[at_] == '#')
+        while (at_ < text_.size()) {
+            if (text_[at_] == '#') {
                 at_ = std::min(text_.find('\n', at_), text_.size());
-            else if (!is_blank(text_[at_]))
+            } else if (is_blank(text_[at_])) {
+                if (text_[at_++] == '\n') line_++;
+            } else {
                 return;
-            if (at_ < text_.size() && text_[at_] == '\n') line_++;
+            }
         }
     }
 

@@ -38,8 +38,7 @@ constexpr Row keyboard[] = {
     {XK_F9, shift, key::shift_f9}, {XK_F10, shift, key::shift_f10}, {XK_F11, shift, key::shift_f11}, {XK_F12, shift, key::shift_f12},
 };
 
-// The keypad without NumLock. Shift turns NumLock around, so with Shift these come from a keypad whose NumLock
-// is on: they are then the plain keys.
+// The keypad when it moves instead of typing digits. With NumLock on that takes Shift, which is used up by it.
 constexpr struct { unsigned long keypad, keysym; } keypad_keys[] = {
     {XK_KP_Home, XK_Home}, {XK_KP_Up, XK_Up}, {XK_KP_Prior, XK_Prior}, {XK_KP_Left, XK_Left},
     {XK_KP_Right, XK_Right}, {XK_KP_End, XK_End}, {XK_KP_Down, XK_Down}, {XK_KP_Next, XK_Next},
@@ -73,7 +72,7 @@ int key_code_of(const KeyStroke& stroke)
     for (const auto& [keypad, plain] : keypad_keys)
         if (keysym == keypad) {
             keysym = plain;
-            shifted = false;
+            shifted = shifted && !stroke.num_lock;
         }
     if (keysym == XK_ISO_Left_Tab) { // what most keyboard mappings make of Shift and Tab
         keysym = XK_Tab;

@@ -5,7 +5,7 @@ namespace kq {
 
 struct KeyStroke {
     unsigned long keysym = 0; // after Shift, CapsLock and NumLock were applied by the keyboard mapping
-    bool shift = false, control = false, alt = false;
+    bool shift = false, control = false, alt = false, num_lock = false;
     unsigned char character =
         0; // what the stroke types in Latin-1 (control characters included), 0 = nothing
 };

@@ -254,7 +254,7 @@ private:
     bool under_way_ = false; // a presentation that the server has not yet come to
 
     std::deque<int> keys_;
-    unsigned alt_mask_ = Mod1Mask;
+    unsigned alt_mask_ = Mod1Mask, num_lock_mask_ = Mod2Mask;
     bool knows_repeats_ = false; // the server sends no releases for a key that repeats itself
     unsigned held_ = 0;          // key (by its X code) that was pressed last and not yet released
     bool focused_ = true, focus_changed_ = false;
@@ -262,7 +262,7 @@ private:
     std::string connect();
     void create_window(int width, int height);
     void set_hints(int width, int height, const std::string& title);
-    void find_alt();
+    void find_modifiers();
     void handle_waiting();
     void handle(XEvent& event);
     void handle_key(XKeyEvent& event);
@@ -320,7 +320,8 @@ std::string XwinDriver::connect()
                "\" has no TrueColor screen (it needs 15 bits a pixel or more).";
     }
     connected_ = true;
-    // A lost connection is reported from inside whatever Xlib call comes upon it, and Xlib never goes on after.
+    // A lost connection is reported from inside whatever Xlib call comes upon it, and Xlib never goes on
+    // after.
     static XwinDriver* the_driver = nullptr;
     the_driver = this;
     XSetIOErrorHandler([](Display*) {
@@ -330,7 +331,7 @@ std::string XwinDriver::connect()
     int supported = False;
     XkbSetDetectableAutoRepeat(display_, True, &supported);
     knows_repeats_ = supported == True;
-    find_alt();
+    find_modifiers();
     delete_window_ = XInternAtom(display_, "WM_DELETE_WINDOW", False);
     presented_ = XInternAtom(display_, "KQ_PRESENTED", False);
     return {};
@@ -481,7 +482,7 @@ void XwinDriver::handle(XEvent& event)
         break;
     case MappingNotify:
         XRefreshKeyboardMapping(&event.xmapping);
-        if (event.xmapping.request != MappingPointer) find_alt();
+        if (event.xmapping.request != MappingPointer) find_modifiers();
         break;
     case ClientMessage:
         if (event.xclient.message_type == presented_)
@@ -507,6 +508,7 @@ void XwinDriver::handle_key(XKeyEvent& event)
     stroke.shift = (event.state & ShiftMask) != 0;
     stroke.control = (event.state & ControlMask) != 0;
     stroke.alt = (event.state & alt_mask_) != 0;
+    stroke.num_lock = (event.state & num_lock_mask_) != 0;
     if (length == 1) stroke.character = static_cast<unsigned char>(text[0]);
     const int code = key_code_of(stroke);
 
@@ -529,18 +531,15 @@ void XwinDriver::handle_focus(const XFocusChangeEvent& event)
     focus_changed_ = true;
 }
 
-// The modifier that the Alt keys stand for (Mod1 on most keyboards).
-void XwinDriver::find_alt()
+// The modifiers that the Alt and NumLock keys stand for; they differ between keyboards.
+void XwinDriver::find_modifiers()
 {
-    alt_mask_ = Mod1Mask;
-    XModifierKeymap* map = XGetModifierMapping(display_);
-    if (!map) return;
-    for (const KeySym wanted : {XK_Alt_R, XK_Alt_L}) {
-        const KeyCode code = XKeysymToKeycode(display_, wanted);
-        for (int i = 0; code != 0 && i < 8 * map->max_keypermod; i++)
-            if (map->modifiermap[i] == code) alt_mask_ = 1U << (i / map->max_keypermod);
-    }
-    XFreeModifiermap(map);
+    const auto mask = [&](KeySym keysym, unsigned usual) {
+        const unsigned found = XkbKeysymToModifiers(display_, keysym);
+        return found != 0 ? found : usual;
+    };
+    alt_mask_ = mask(XK_Alt_L, Mod1Mask);
+    num_lock_mask_ = mask(XK_Num_Lock, Mod2Mask);
 }
 
 void XwinDriver::connection_is_lost()

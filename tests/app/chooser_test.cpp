@@ -1,0 +1,300 @@
+// The file chooser and the box in which a file is confirmed, copied, renamed and deleted.
+#include "core/ali_screen.h"
+#include "core/chooser.h"
+#include "core/lifecycle.h"
+#include "core/store.h"
+#include "screen/directories.h"
+#include "screen/files.h"
+#include "screen/text.h"
+#include "support/golden.h"
+#include "support/screen_test.h"
+#include "taxonomy/frame_files.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <ctime>
+#include <set>
+
+using namespace kq;
+using kq::test::Ending;
+
+namespace {
+
+const std::string alignment = "#16S ribosomal RNA\n#Bacteria\n>one\nACGU\n>two\nAC\n";
+
+class ChooserTest : public kq::test::ScreenTest {
+public:
+    ChooserTest()
+    {
+        setenv("TZ", "UTC", 1);
+        tzset();
+        set_clock([] { return std::time_t{1179302400}; }); // 16 May 2007, 8 hours
+        store_allocate();
+        alignment_reset();
+        chooser_reset();
+        file_frame = {"BACTERIA"};
+        no_frame = 0;
+        file_NOM = "/d/zolt/data/bacteria.nom";
+        file_COL = "/d/zolt/data/bacteria.col";
+        dir_ZOLTEXE = "/d/zoltexe/"; // the screen shows it: the same in every run
+    }
+    ~ChooserTest() override { alignment_reset(); }
+
+    void make_files(int count)
+    {
+        for (int i = 1; i <= count; i++)
+            write_file(name(i), alignment);
+    }
+    // The highlighted names on the screen.
+    std::string highlighted() const
+    {
+        std::string found;
+        for (int l = 6; l <= _nb_line - 2; l++)
+            for (int c = 3; c <= _nb_col - 2; c++)
+                if (const auto& cell = screen_cell(l, c); cell.fg == color::yellow && cell.ch != ' ')
+                    found += static_cast<char>(cell.ch);
+        return found;
+    }
+    kq::test::Played choose(std::string_view keys) { return play(keys, choice_File); }
+
+private:
+    static std::string name(int i)
+    {
+        std::array<char, 30> text{};
+        std::snprintf(text.data(), text.size(), "seq/file%03d.ali", i);
+        return text.data();
+    }
+};
+
+} // namespace
+
+TEST_F(ChooserTest, ShowsTheAlignmentsAndTheFilesInUse)
+{
+    write_file("seq/small.ali", alignment);
+    write_file("seq/Bacteria.ali", alignment);
+    write_file("seq/a_name_of_more_than_thirty_characters.ali", alignment);
+    write_file("seq/.hidden.ali", alignment);
+    write_file("seq/small.bak", alignment);
+    EXPECT_EQ(choose("").ending, Ending::script_ended);
+    EXPECT_SCREEN("chooser");
+    EXPECT_EQ(highlighted(), "Bacteria.ali");
+    EXPECT_EQ(choose("Down Enter").ending, Ending::script_ended);
+    EXPECT_EQ(file_ALI, "a_name_of_more_than_thirty_characters.ali"); // cut on the screen, opened whole
+}
+
+TEST_F(ChooserTest, MovesWrapAroundThePage)
+{
+    make_files(30); // 27 in the first screen column, 3 in the second
+    struct Case {
+        const char *keys, *expected;
+    };
+    const Case cases[] = {
+        {"Down", "file002.ali"},         {"Up", "file030.ali"},          {"Up Down", "file001.ali"},
+        {"PgDn", "file006.ali"},         {"PgUp", "file026.ali"},        {"Right", "file028.ali"},
+        {"Right Right", "file001.ali"},  {"Left", "file028.ali"},        {"Down*3 Left", "file004.ali"},
+        {"Down*3 Right", "file004.ali"}, {"Down*2 Left", "file030.ali"}, {"F7", "file001.ali"},
+        {"F8", "file001.ali"},           {"Z", "file001.ali"},
+    };
+    for (const auto& c : cases) {
+        chooser_reset();
+        choose(c.keys);
+        EXPECT_EQ(highlighted(), c.expected) << c.keys;
+    }
+}
+
+TEST_F(ChooserTest, PagesFollowEachOther)
+{
+    make_files(55);
+    choose("");
+    EXPECT_EQ(nb_page, 2);
+    EXPECT_TRUE(shows("F1:Help  F2:Other               F8:Next  ESCAPE:Exit"));
+    choose("Down F8");
+    EXPECT_EQ(highlighted(), "file055.ali");
+    EXPECT_EQ(nb_file_ALI_affiche, 1);
+    EXPECT_TRUE(shows("F1:Help  F2:Other  F7:Previous           ESCAPE:Exit"));
+    EXPECT_FALSE(shows("file001.ali"));
+    choose("F8 F8 F7");
+    EXPECT_EQ(highlighted(), "file001.ali");
+    choose("F8 Left Right Up PgUp");
+    EXPECT_EQ(highlighted(), "file055.ali");
+    make_files(120);
+    choose("F8");
+    EXPECT_TRUE(shows("F1:Help  F2:Other  F7:Previous  F8:Next  ESCAPE:Exit"));
+    EXPECT_EQ(highlighted(), "file055.ali");
+}
+
+TEST_F(ChooserTest, SurvivesFilesThatVanish)
+{
+    make_files(55);
+    const auto played = play("F8", [&] {
+        try {
+            choice_File();
+        } catch (...) {
+            for (int i = 2; i <= 55; i++)
+                remove(
+                    path("seq/file0" + std::string(i < 10 ? "0" : "") + std::to_string(i) + ".ali").c_str());
+            throw;
+        }
+    });
+    EXPECT_EQ(played.ending, Ending::script_ended);
+    choose("F8 Down");
+    EXPECT_EQ(highlighted(), "file001.ali");
+    remove(path("seq/file001.ali").c_str());
+    const auto ended = choose("Enter");
+    EXPECT_EQ(ended.ending, Ending::program_ended);
+    EXPECT_EQ(ended.status, 1);
+}
+
+TEST_F(ChooserTest, LoadsAnAlignmentAndRemembersThePlace)
+{
+    make_files(3);
+    const auto played = choose("Down*2 Enter Enter");
+    EXPECT_EQ(played.ending, Ending::returned);
+    EXPECT_EQ(played.keys_left, 0);
+    EXPECT_EQ(nb_spec, 2);
+    EXPECT_STREQ(caractere, "*UGKCYSBAWRDMHVN ");
+    choose("");
+    EXPECT_EQ(highlighted(), "file003.ali");
+}
+
+TEST_F(ChooserTest, AsksBeforeTheEnd)
+{
+    make_files(1);
+    EXPECT_EQ(choose("Esc Enter").ending, Ending::script_ended);
+    EXPECT_TRUE(shows("file001.ali"));
+    const auto played = choose("Esc Y");
+    EXPECT_EQ(played.ending, Ending::program_ended);
+    EXPECT_EQ(played.status, 0);
+}
+
+TEST_F(ChooserTest, FitsEveryGeometry)
+{
+    make_files(40);
+    for (const auto& [lines, columns] : {std::pair{20, 20}, {20, 200}, {200, 20}, {21, 36}, {200, 200}}) {
+        open({.lines = lines, .columns = columns});
+        chooser_reset();
+        EXPECT_EQ(choose("Down Left Right PgDn F8 F7 F8 Enter").ending, Ending::script_ended);
+        EXPECT_TRUE(shows("ESCAPE:Cancel")) << lines << " x " << columns;
+        EXPECT_TRUE(shows("F2:Rename")) << lines << " x " << columns;
+    }
+}
+
+TEST_F(ChooserTest, ConfirmsWhatIsInTheFile)
+{
+    write_file("seq/small.ali", alignment);
+    const timespec times[2] = {{1179216000, 0}, {1179216000, 0}};
+    utimensat(AT_FDCWD, path("seq/small.ali").c_str(), times, 0);
+    choose("Enter");
+    EXPECT_SCREEN("chooser_confirm");
+    EXPECT_EQ(choose("Enter Esc").ending, Ending::script_ended);
+    EXPECT_FALSE(shows("Molecule:"));
+    EXPECT_EQ(ident, nullptr);
+}
+
+TEST_F(ChooserTest, WarnsAboutEachRecodedCharacterThenAboutTheError)
+{
+    write_file("seq/bad.ali", "#\n#\n>one\nEBZ\n>two\nEO\n");
+    choose("Enter");
+    EXPECT_TRUE(shows("A character encoded by B or Z has been recoded by X"));
+    choose("Enter A");
+    EXPECT_TRUE(shows("A character encoded by B or Z has been recoded by X"));
+    choose("Enter A A");
+    EXPECT_TRUE(shows("Character O (79) is not an amino acid (on line 6)"));
+    EXPECT_EQ(choose("Enter A A A").ending, Ending::script_ended);
+    EXPECT_EQ(highlighted(), "bad.ali");
+}
+
+TEST_F(ChooserTest, DeletesCopiesAndRenames)
+{
+    write_file("seq/small.ali", alignment);
+    choose("Enter Del Enter"); // No
+    EXPECT_TRUE(has_file("seq/small.ali"));
+
+    choose("Enter Ins \"copy\" Enter");
+    EXPECT_EQ(read_file("seq/copy.ali"), alignment);
+    EXPECT_EQ(read_file("seq/small.ali"), alignment);
+    EXPECT_TRUE(shows("copy.ali"));
+
+    write_file("seq/other.ali", "something else");
+    choose("Enter F2 \"other\" Enter Esc Esc"); // copy.ali; not overwritten
+    EXPECT_EQ(read_file("seq/other.ali"), "something else");
+    choose("Enter F2 \"other\" Enter Enter");
+    EXPECT_EQ(read_file("seq/other.ali"), alignment);
+    EXPECT_FALSE(has_file("seq/copy.ali"));
+
+    choose("Enter Del Y");
+    EXPECT_FALSE(has_file("seq/other.ali"));
+    EXPECT_EQ(highlighted(), "small.ali");
+}
+
+TEST_F(ChooserTest, ANameOfItsOwnLosesNothing)
+{
+    write_file("seq/small.ali", alignment);
+    for (const char* keys : {"Enter F2 \"small\" Enter Enter", "Enter Ins \"small\" Enter Enter"}) {
+        EXPECT_EQ(choose(keys).ending, Ending::script_ended);
+        EXPECT_EQ(read_file("seq/small.ali"), alignment) << keys;
+    }
+    // The same file under another name.
+    ASSERT_EQ(link(path("seq/small.ali").c_str(), path("seq/twin.ali").c_str()), 0);
+    choose("Enter F2 \"twin\" Enter Enter");
+    EXPECT_EQ(read_file("seq/twin.ali"), alignment);
+}
+
+TEST_F(ChooserTest, SavingIsAskedForOnlyWhenNeeded)
+{
+    write_file("seq/small.ali", alignment);
+    choose("Enter Enter");
+    struct Case {
+        const char* keys;
+        int result, modif;
+    };
+    int result = 0;
+    EXPECT_EQ(play("", [&] { result = verif_sauvegarde(); }).ending, Ending::returned);
+    EXPECT_EQ(result, 0);
+    for (const auto& c : {Case{"Esc", -1, 0}, {"N", 0, 0}, {"Y", 0, 255}}) {
+        mark_changed();
+        EXPECT_EQ(play(c.keys, [&] { result = verif_sauvegarde(); }).keys_left, 0);
+        EXPECT_EQ(result, c.result) << c.keys;
+        EXPECT_EQ(modif, c.modif) << c.keys;
+        EXPECT_EQ(has_file("seq/small.bak"), c.modif == 255);
+    }
+    // A save that fails warns and keeps the user where he is.
+    mark_changed();
+    dir_SEQ = path("absent/");
+    EXPECT_EQ(play("Y Enter", [&] { result = verif_sauvegarde(); }).keys_left, 0);
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(modif, 0);
+}
+
+TEST_F(ChooserTest, NamesTheFamilies)
+{
+    const auto family_file = [&](int families) {
+        std::string text = "#\n#\n";
+        for (int i = 0; i < families; i++)
+            text += ">f" + std::to_string(i) + "-x\nA\n";
+        write_file("seq/small.ali", text);
+        choose("Enter Enter");
+    };
+    family_file(1);
+    EXPECT_EQ(play("Enter", identify_family).keys_left, 0);
+    family_file(2);
+    EXPECT_EQ(play("Enter", identify_family).keys_left, 1);
+    family_file(38);
+    const auto played = play("", identify_family);
+    EXPECT_EQ(played.ending, Ending::program_ended);
+    EXPECT_EQ(played.status, 1);
+    EXPECT_NE(errors().find("Too many paralog families. Increase MAXFAMILY"), std::string::npos);
+}
+
+TEST(ChooserKeys, AreNoted)
+{
+    for (const auto& row : chooser_keys.rows) {
+        EXPECT_FALSE(row.note.empty()) << row.key;
+        EXPECT_NE(row.run, nullptr);
+    }
+}
