@@ -92,6 +92,7 @@ void rrename(const std::string& from, const std::string& to)
 {
     if (exists(to))
         erreur_fatale("Problem in changing name from " + from + " to " + to + " (" + to + " already exists)");
+    if (!readable(from)) erreur_fatale("Problem in opening file " + from);
     if (const std::string problem = copy_file_safely(from, to); !problem.empty()) erreur_fatale(problem);
     rremove(from);
 }

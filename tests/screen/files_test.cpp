@@ -140,8 +140,7 @@ TEST_F(Files, CheckedCallsEndTheProgram)
         {[&] { rremove(path("seq/full")); }, "Problem in deleting file " + path("seq/full")},
         {[&] { rrename(a, b); },
          "Problem in changing name from " + a + " to " + b + " (" + b + " already exists)"},
-        {[&] { rrename(none, path("seq/c")); },
-         "Problem in opening file " + none + " (No such file or directory)"},
+        {[&] { rrename(none, path("seq/c")); }, "Problem in opening file " + none},
     };
     for (const Case& c : cases) {
         forget_errors();
