@@ -87,6 +87,9 @@ void GrDrawChar(unsigned char c, int x, int y, int width, int height, const GrTe
 // (0 = transparent, else drawn in white, or black over a white pixel; dark grey while the window is without
 // the focus); it is copied.
 struct GrCursor {
+    GrCursor() = default;
+    GrCursor(const GrCursor&) = delete;
+    GrCursor& operator=(const GrCursor&) = delete;
     ~GrCursor(); // erases it
     int width = 0, height = 0;
     std::string bitmap;

@@ -120,27 +120,29 @@ void Surface::cell(const Rect& where, const Glyph& glyph, Pixel foreground, Pixe
 {
     const Rect seen = intersection(where, bounds());
     if (seen.empty()) return;
-    const int glyph_width = std::min(glyph.width, where.width);
-    const int skipped = seen.x - where.x; // pixels of the cell left of the screen
-    const auto drawn = size_of(std::clamp(glyph_width - skipped, 0, seen.width));
     const std::uint64_t ink = eight(foreground), paper = eight(background);
-    std::array<Pixel, GrFont::max_size + 8> expanded; // one glyph row
+    const int skipped = seen.x - where.x; // pixels of the cell left of the screen
+    const int drawn = std::clamp(std::min(glyph.width, where.width) - skipped, 0, seen.width);
     for (int y = seen.y; y < seen.y + seen.height; y++) {
         Pixel* target = pixels_.data() + start(y) + seen.x;
         const int glyph_row = y - where.y;
-        const bool inked = glyph_row < glyph.height && !glyph.rows.empty() && drawn > 0;
-        if (inked) {
+        int x = 0; // pixels of this row done
+        if (glyph_row < glyph.height && !glyph.rows.empty()) {
             const auto* bytes =
                 glyph.rows.data() + static_cast<std::ptrdiff_t>(glyph_row) * glyph.bytes_per_row();
-            for (int i = 0; i * 8 < glyph_width; i++) {
-                const std::uint64_t mask = pixel_masks[bytes[i]];
+            while (x < drawn) {
+                const int bit = skipped + x; // a byte of the glyph at a time; the first may be half outside
+                const std::uint64_t mask = pixel_masks[bytes[bit / 8]];
                 const std::uint64_t pixels = (mask & ink) | (~mask & paper);
-                std::memcpy(expanded.data() + i * 8, &pixels, sizeof pixels);
+                const int first = bit % 8, count = std::min(8 - first, drawn - x);
+                if (count == 8)
+                    std::memcpy(target + x, &pixels, 8);
+                else
+                    std::memcpy(target + x, reinterpret_cast<const Pixel*>(&pixels) + first, size_of(count));
+                x += count;
             }
-            std::memcpy(target, expanded.data() + skipped, drawn);
         }
-        const auto done = inked ? drawn : 0;
-        std::memset(target + done, background, size_of(seen.width) - done);
+        if (x < seen.width) std::memset(target + x, background, size_of(seen.width - x));
     }
     damage_.add(seen);
 }

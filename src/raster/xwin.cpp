@@ -42,6 +42,8 @@ constexpr int native_byte_order = std::endian::native == std::endian::little ? L
 // Xlib's handlers take no argument of ours, and there is one connection.
 bool error_seen = false; // since it was last cleared
 bool expecting_error = false;
+class XwinDriver;
+XwinDriver* connected_driver = nullptr;
 
 // The default handler ends the program without a word to it; an error of a single request never justifies
 // that.
@@ -54,6 +56,10 @@ int note_error(Display* display, XErrorEvent* event)
     std::fprintf(stderr, "kq: the X server reports: %s (request %d)\n", text.data(), event->request_code);
     return 0;
 }
+
+// A lost connection is reported from inside whatever Xlib call comes upon it, and Xlib does not go on after
+// it.
+int note_lost_connection(Display* display);
 
 // Whether the requests made by `requests` raise an error at the server.
 template <class Requests>
@@ -118,18 +124,19 @@ unsigned long pixel_value(const XVisualInfo& visual, Rgb colour)
 // The window's contents in the server's format.
 class WindowImage {
 public:
-    WindowImage(Display* display, const XVisualInfo& visual, int width, int height)
+    // `connected` is looked at on destruction: whether the server can still be told.
+    WindowImage(Display* display, const bool& connected, const XVisualInfo& visual, int width, int height)
         : display_(display)
+        , connected_(connected)
     {
         // Shared memory is read by the server as it is, so the byte order must be the server's own.
         if (ImageByteOrder(display) == native_byte_order && XShmQueryExtension(display))
             make_shared(visual, width, height);
         if (!image_) make_plain(visual, width, height);
     }
-    // `connected`: the server may still be told.
-    void destroy(bool connected)
+    ~WindowImage()
     {
-        if (shared_ && connected) {
+        if (shared_ && connected_) {
             XShmDetach(display_, &segment_);
             XSync(display_, False);
         }
@@ -138,8 +145,9 @@ public:
             image_->data = nullptr;
         }
         if (image_) XDestroyImage(image_);
-        image_ = nullptr;
     }
+    WindowImage(const WindowImage&) = delete;
+    WindowImage& operator=(const WindowImage&) = delete;
 
     bool usable() const { return image_ != nullptr; }
     Rect bounds() const { return {0, 0, image_->width, image_->height}; }
@@ -171,6 +179,7 @@ public:
 
 private:
     Display* display_;
+    const bool& connected_;
     XImage* image_ = nullptr;
     XShmSegmentInfo segment_{};
     bool shared_ = false;
@@ -240,9 +249,11 @@ public:
     bool key_waiting() override;
     bool focused() const override { return focused_; }
 
+    void connection_is_lost();
+
 private:
     std::function<void()> lost_;
-    bool connected_ = false;
+    bool connected_ = false; // false again when the server is gone: then Xlib must not be called
     Display* display_ = nullptr;
     XVisualInfo visual_{};
     Window window_ = 0;
@@ -268,12 +279,11 @@ private:
     void handle_key(XKeyEvent& event);
     void handle_focus(const XFocusChangeEvent& event);
     void redraw(const Rect& exposed);
-    void connection_is_lost();
 };
 
 XwinDriver::~XwinDriver()
 {
-    if (image_) image_->destroy(connected_);
+    image_.reset();
     if (connected_) XCloseDisplay(display_);
 }
 
@@ -283,9 +293,8 @@ std::string XwinDriver::open(int width, int height, const std::string& title)
         auto error = connect();
         if (!error.empty()) return error;
     }
-    auto image = std::make_unique<WindowImage>(display_, visual_, width, height);
+    auto image = std::make_unique<WindowImage>(display_, connected_, visual_, width, height);
     if (!image->usable()) return "There is not enough memory for a window of this size.";
-    if (image_) image_->destroy(connected_);
     image_ = std::move(image);
     if (!window_) {
         create_window(width, height);
@@ -320,14 +329,8 @@ std::string XwinDriver::connect()
                "\" has no TrueColor screen (it needs 15 bits a pixel or more).";
     }
     connected_ = true;
-    // A lost connection is reported from inside whatever Xlib call comes upon it, and Xlib never goes on
-    // after.
-    static XwinDriver* the_driver = nullptr;
-    the_driver = this;
-    XSetIOErrorHandler([](Display*) {
-        the_driver->connection_is_lost();
-        return 0;
-    });
+    connected_driver = this;
+    XSetIOErrorHandler(note_lost_connection);
     int supported = False;
     XkbSetDetectableAutoRepeat(display_, True, &supported);
     knows_repeats_ = supported == True;
@@ -487,8 +490,9 @@ void XwinDriver::handle(XEvent& event)
     case ClientMessage:
         if (event.xclient.message_type == presented_)
             under_way_ = false;
-        else if (static_cast<Atom>(event.xclient.data.l[0]) == delete_window_)
-            keys_.push_back(key::escape);
+        else if (static_cast<Atom>(event.xclient.data.l[0]) == delete_window_ &&
+                 (keys_.empty() || keys_.back() != key::escape))
+            keys_.push_back(key::escape); // one, however often it is asked for before the program gets to it
         break;
     case DestroyNotify:
         if (event.xdestroywindow.window == window_) connection_is_lost();
@@ -540,6 +544,12 @@ void XwinDriver::find_modifiers()
     };
     alt_mask_ = mask(XK_Alt_L, Mod1Mask);
     num_lock_mask_ = mask(XK_Num_Lock, Mod2Mask);
+}
+
+int note_lost_connection(Display*)
+{
+    connected_driver->connection_is_lost();
+    return 0;
 }
 
 void XwinDriver::connection_is_lost()
