@@ -241,6 +241,11 @@ void GrSetConnectionLost(std::function<void()> lost)
     screen().connection_lost = std::move(lost);
 }
 
+bool GrCutConnection() noexcept
+{
+    return cut_xwin_connection();
+}
+
 int GrSizeX()
 {
     return screen().surface.width();

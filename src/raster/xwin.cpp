@@ -20,10 +20,12 @@
 #include <X11/extensions/XShm.h>
 #include <sys/ipc.h>
 #include <sys/shm.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <bit>
 #include <cstdint>
 #include <cstdio>
@@ -40,7 +42,8 @@ constexpr int native_byte_order = std::endian::native == std::endian::little ? L
 // ---- errors -----------------------------------------------------------------------------------------------
 
 // Xlib's handlers take no argument of ours, and there is one connection.
-bool error_seen = false; // since it was last cleared
+std::atomic<int> connection_number = -1; // its file descriptor; -1 while there is none
+bool error_seen = false;                 // since it was last cleared
 bool expecting_error = false;
 class XwinDriver;
 XwinDriver* connected_driver = nullptr;
@@ -283,6 +286,7 @@ private:
 
 XwinDriver::~XwinDriver()
 {
+    connection_number = -1;
     image_.reset();
     if (connected_) XCloseDisplay(display_);
 }
@@ -329,6 +333,7 @@ std::string XwinDriver::connect()
                "\" has no TrueColor screen (it needs 15 bits a pixel or more).";
     }
     connected_ = true;
+    connection_number = ConnectionNumber(display_);
     connected_driver = this;
     XSetIOErrorHandler(note_lost_connection);
     int supported = False;
@@ -556,6 +561,7 @@ void XwinDriver::connection_is_lost()
 {
     if (!connected_) return;
     connected_ = false;
+    connection_number = -1;
     lost_();
 }
 
@@ -564,6 +570,12 @@ void XwinDriver::connection_is_lost()
 std::unique_ptr<Driver> make_xwin_driver(std::function<void()> lost)
 {
     return std::make_unique<XwinDriver>(std::move(lost));
+}
+
+bool cut_xwin_connection() noexcept
+{
+    const int number = connection_number;
+    return number >= 0 && shutdown(number, SHUT_RDWR) == 0;
 }
 
 } // namespace kq

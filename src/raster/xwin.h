@@ -12,4 +12,7 @@ namespace kq {
 // By then the driver does nothing any more.
 std::unique_ptr<Driver> make_xwin_driver(std::function<void()> lost);
 
+// Cuts the connection to the server; false when there is none. May be called from a signal handler.
+bool cut_xwin_connection() noexcept;
+
 } // namespace kq
