@@ -85,11 +85,9 @@ std::string foreseen_problem(const std::string& current, const std::string& back
     return problem;
 }
 
-// Copies a file into `copy` and completes it; what failed, or "".
-std::string fill_copy(NewFile& copy, const std::string& from)
+// Copies the open file `from` into `copy` and completes it; what failed, or "".
+std::string fill_copy(NewFile& copy, const File& source, const std::string& from)
 {
-    const File source{std::fopen(from.c_str(), "rbe")};
-    if (!source) return file_problem("Problem in opening file", from, errno);
     static constexpr std::size_t block_size = std::size_t{1} << 18;
     const std::unique_ptr<char[]> block{new char[block_size]};
     std::setvbuf(source.get(), nullptr, _IONBF, 0);
@@ -136,13 +134,15 @@ std::string save_ali()
     NewFile fresh(current, dir_SEQ + std::string(temporary_name));
     write_ali_text(fresh);
     if (!fresh.finish()) return fresh.error();
-    // The file may have been taken away since it was loaded: there is nothing to back up, and the old backup
-    // stays.
-    if (!exists(current)) return fresh.commit() ? "" : fresh.error();
-
+    const File old{std::fopen(current.c_str(), "rbe")};
+    if (!old) {
+        if (errno != ENOENT) return file_problem("Problem in opening file", current, errno);
+        // It has been taken away since it was loaded: there is nothing to back up, and the old backup stays.
+        return fresh.commit() ? "" : fresh.error();
+    }
     const std::string backup_temporary = directory_of(backup_path) + std::string(backup_temporary_name);
     NewFile backup(backup_path, backup_temporary);
-    if (auto problem = fill_copy(backup, current); !problem.empty()) return problem;
+    if (auto problem = fill_copy(backup, old, current); !problem.empty()) return problem;
     if (!fresh.commit()) return fresh.error();
     if (!backup.commit()) {
         std::rename(backup_temporary.c_str(), current.c_str());
