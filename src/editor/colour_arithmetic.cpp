@@ -55,7 +55,7 @@ void build_rgb_color(int& r, int& g, int& b, int& a, const ColourMatrix& matrix)
     a = result[3];
 }
 
-Rgb scale_background(int colour_class, int level, Rgb basic)
+ScaleColour scale_background(int colour_class, int level, ScaleColour basic)
 {
     if (colour_class == class_black) return {};
     if (colour_class == class_light_grey) {

@@ -16,14 +16,14 @@ void build_brightness_matrix(ColourMatrix& matrix, int percent);
 // Multiplies in extended precision and truncates each result toward zero into its channel.
 void build_rgb_color(int& r, int& g, int& b, int& a, const ColourMatrix& matrix);
 
-struct Rgb {
+struct ScaleColour {
     int r = 0, g = 0, b = 0;
-    bool operator==(const Rgb&) const = default;
+    bool operator==(const ScaleColour&) const = default;
 };
 
 // The two colours of a residue of colour class 0..7 at conservation level 0..9, from the class's basic
 // colour. A higher level has a greyer background; levels go in pairs, but for level 0.
-Rgb scale_background(int colour_class, int level, Rgb basic);
+ScaleColour scale_background(int colour_class, int level, ScaleColour basic);
 int scale_text_grey(int colour_class, int level);
 
 } // namespace kq

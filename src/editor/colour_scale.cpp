@@ -13,11 +13,11 @@ void build_color_scale()
 {
     const GrColor* basic_colours = GrAllocEgaColors();
     for (int k = 0; k < colour_classes; k++) {
-        Rgb basic;
+        ScaleColour basic;
         GrQueryColor(basic_colours[k], &basic.r, &basic.g, &basic.b);
         for (int level = 0; level < conservation_levels; level++) {
             const auto entry = static_cast<std::size_t>(k * conservation_levels + level);
-            const Rgb background = scale_background(k, level, basic);
+            const ScaleColour background = scale_background(k, level, basic);
             const int grey = scale_text_grey(k, level);
             bg_scale[entry] = GrAllocColor(background.r, background.g, background.b);
             fg_scale[entry] = GrAllocColor(grey, grey, grey);
