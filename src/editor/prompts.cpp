@@ -1,0 +1,46 @@
+// screen: the small questions that several editing commands ask.
+#include "editor/prompts.h"
+
+#include "core/store.h"
+#include "editor/view.h"
+#include "raster/keys.h"
+#include "screen/dialogs.h"
+#include "screen/fields.h"
+#include "screen/strings.h"
+#include "screen/text.h"
+
+#include <cstdio>
+
+namespace kq {
+
+int ask_count(std::string_view prompt, int right_column)
+{
+    constexpr int most = 10000, text_column = 3;
+    window_hp(dialog_line, 30, dialog_line + 2, right_column, color::cyan);
+    _settextcolor(color::light_cyan);
+    _settextposition(2, text_column);
+    _outtext(prompt);
+    const int field_column = text_column + static_cast<int>(prompt.size()) + 1;
+    int count = 1;
+    int pressed = 0;
+    while (pressed != key::enter && pressed != key::escape)
+        pressed = input_int(count, 0, most, 2, field_column);
+    _clearscreen(1);
+    return pressed == key::enter ? count : 0;
+}
+
+int require_species()
+{
+    if (collapsed(ens_curs))
+        affich_avert(text_format("Change the type of display of the ensemble n%d before", ens_curs + 1),
+                     dialog_line);
+    return cursor_species();
+}
+
+void ring_bell()
+{
+    std::fputc('\a', stdout);
+    std::fflush(stdout);
+}
+
+} // namespace kq

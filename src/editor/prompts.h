@@ -1,0 +1,20 @@
+// screen: the small questions that several editing commands ask.
+#pragma once
+
+#include <string_view>
+
+namespace kq {
+
+// Line of the warnings, confirmations and menus of the editor.
+inline constexpr int dialog_line = 5;
+
+// Asks for a count from 0 to 10000 (1 is proposed) in a box over lines 5 to 7 from column 30 to
+// `right_column`; 0 on ESCAPE.
+int ask_count(std::string_view prompt, int right_column);
+// The warning that a command works on single species only, when the cursor stands on a collapsed ensemble.
+// The species under the cursor, or -1 (also when there is no row at all, without a word).
+int require_species();
+// The BEL character on standard output.
+void ring_bell();
+
+} // namespace kq
