@@ -1,0 +1,213 @@
+// screen: what the editor's keys run, where a command is more than one call.
+#include "editor/actions.h"
+
+#include "core/ali_screen.h"
+#include "core/consensus.h"
+#include "core/edit.h"
+#include "core/shutdown.h"
+#include "core/store.h"
+#include "editor/display.h"
+#include "editor/editing.h"
+#include "editor/navigation.h"
+#include "editor/prompts.h"
+#include "editor/view.h"
+#include "screen/dialogs.h"
+#include "screen/help.h"
+#include "screen/text.h"
+#include "screen/window.h"
+#include "taxonomy/ensembles.h"
+#include "taxonomy/frame.h"
+#include "taxonomy/frame_files.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace kq {
+
+namespace {
+
+// Draws what an edit at the cursor changed: from the cursor on, or all rows when the area has scrolled.
+Redraw draw_from_cursor(int first_position_before)
+{
+    if (dec_pos_curs != first_position_before) return redraw_sequences;
+    affich_all_seq(pos_curs);
+    return redraw_none;
+}
+
+} // namespace
+
+// ---- characters at the cursor
+
+Redraw insert_char_key(char c)
+{
+    const int first = dec_pos_curs;
+    const bool refused = add_char(c) != ok;
+    reactualise(-1);
+    // The warning of a refusal has covered rows from their beginning.
+    return refused ? redraw_all_rows : draw_from_cursor(first);
+}
+
+Redraw insert_many_key(char c)
+{
+    const int n =
+        ask_count(c == '*' ? "Number of stars to be added =" : "Number of spaces to be added =", 70);
+    if (n > 0) {
+        add_chars(c, n);
+        reactualise(-1);
+    }
+    return redraw_sequences;
+}
+
+Redraw delete_key()
+{
+    const int first = dec_pos_curs;
+    if (suppr_char() != ok) return redraw_none;
+    reactualise(ens_curs);
+    return draw_from_cursor(first);
+}
+
+Redraw backspace_key()
+{
+    const int first = dec_pos_curs, position = cursor_position();
+    deplace_site_gauche(1);
+    if (cursor_position() != position) {
+        if (suppr_char() == ok) {
+            reactualise(ens_curs);
+            return draw_from_cursor(first);
+        }
+        deplace_site_droite(1);
+    }
+    return dec_pos_curs == first ? redraw_none : redraw_sequences;
+}
+
+Redraw delete_many_key()
+{
+    const int first = dec_pos_curs;
+    suppr_all_chars();
+    reactualise(ens_curs);
+    return draw_from_cursor(first);
+}
+
+// ---- sequences
+
+Redraw remove_gaps_left_key()
+{
+    remove_gap_gauche();
+    reactualise(ens_curs);
+    return redraw_sequences;
+}
+
+Redraw remove_gaps_right_key()
+{
+    remove_gap_droite();
+    reactualise(ens_curs);
+    return redraw_all_rows;
+}
+
+Redraw shorten_key()
+{
+    put_X();
+    reactualise(-1);
+    return redraw_all_rows;
+}
+
+Redraw partial_key()
+{
+    sequence_partielle();
+    reactualise(ens_curs);
+    return redraw_all_rows;
+}
+
+// ---- moves
+
+Redraw scroll_rows(int direction, int times)
+{
+    for (int i = 0; i < times; i++)
+        deplace_only_species(direction);
+    return redraw_all_rows;
+}
+
+Redraw next_difference_key()
+{
+    cherche_diff();
+    return redraw_all_rows;
+}
+
+int half_screen()
+{
+    return _nb_line / 2 - 1;
+}
+
+// ---- files, windows, menus
+
+Redraw help_key()
+{
+    _aide("KQ4", 1, 1, _nb_line - 2, _nb_col);
+    return redraw_all_rows;
+}
+
+Redraw create_ensemble_key()
+{
+    if (nb_ens == max_ensembles) return redraw_none;
+    if (confirme("Do you want to create a new ensemble?", dialog_line) != answer_yes) return redraw_sequences;
+    const int ensemble = add_ensemble();
+    if (ensemble < 0) {
+        affich_avert("Insufficient available memory", dialog_line);
+        return redraw_screen;
+    }
+    if (construct_ensemble(ensemble) != ok) {
+        remove_ensemble(ensemble);
+        return leave_editor;
+    }
+    compute_consensus(ensemble);
+    nb_spec_affich = count_display_rows();
+    init_param();
+    return redraw_screen;
+}
+
+Redraw other_file_key()
+{
+    if (verif_sauvegarde() == escaped) return redraw_all_rows;
+    const auto answer = confirme("Do you want to work on another file?", dialog_line);
+    return answer == answer_yes ? leave_editor : redraw_all_rows;
+}
+
+Redraw end_program_key()
+{
+    if (verif_sauvegarde() != escaped) confirme_fin_prog(1);
+    return redraw_sequences;
+}
+
+Redraw window_options_key()
+{
+    choice_option_window(program_title);
+    if (proot) adjust_frame(); // the tree is drawn in cells of the new size
+    settle_cursor();
+    return redraw_screen;
+}
+
+Redraw choice_various_options()
+{
+    struct Entry {
+        std::string_view label;
+        void (*run)(); // null: nothing yet
+    };
+    static constexpr Entry entries[] = {
+        {"Using the mode EST", nullptr},
+        {"Selecting a region for compacting gaps to left", nullptr},
+        {"Selecting a region for compacting gaps to right", nullptr},
+        {"Selecting a region for realignment by ClustalW", nullptr},
+        {"Writing a .nom file usable by dalvex", nullptr},
+        {"Writing multiple .ali files (one per ensemble)", nullptr},
+    };
+    constexpr int entry_width = 50;
+    std::array<std::string_view, std::size(entries)> labels;
+    std::transform(std::begin(entries), std::end(entries), labels.begin(),
+                   [](const Entry& entry) { return entry.label; });
+    const int chosen = _choice_option(dialog_line, 0, labels, entry_width);
+    if (chosen != escaped && entries[chosen].run) entries[chosen].run();
+    return redraw_screen;
+}
+
+} // namespace kq

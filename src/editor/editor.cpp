@@ -1,0 +1,92 @@
+// screen: the editor's main loop.
+#include "editor/editor.h"
+
+#include "core/consensus.h"
+#include "editor/display.h"
+#include "editor/navigation.h"
+#include "editor/view.h"
+#include "raster/grx.h"
+
+#ifdef KQ_INVARIANTS
+#include "core/column_counts.h"
+#include "core/store.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#endif
+
+namespace kq {
+
+namespace {
+
+#ifdef KQ_INVARIANTS
+void check(const char* what, const std::string& error)
+{
+    if (error.empty()) return;
+    std::fprintf(stderr, "broken invariant of %s: %s\n", what, error.c_str());
+    std::abort();
+}
+
+// After every action; the checks that read all rows only while the alignment is small.
+void check_invariants()
+{
+    constexpr long small = 200000;
+    check("the view", view_error());
+    if (static_cast<long>(nb_spec) * nb_nuc_tot > small) return;
+    check("the store", store_error());
+    check("the column counts", columns_error());
+}
+#else
+void check_invariants() {}
+#endif
+
+void draw_again(Redraw redraw)
+{
+    switch (redraw) {
+    case redraw_sequences: // a dialog may have covered identifiers; unchanged cells cost nothing
+    case redraw_all_rows:
+        affich_all_species();
+        affich_all_seq(0);
+        break;
+    case redraw_screen:
+        affich_menu_affich_seq();
+        break;
+    case redraw_none:
+    case leave_editor:
+        break;
+    }
+}
+
+} // namespace
+
+int gere_affich_seq()
+{
+    affich_status();
+    affich_nuc_site(true);
+    const int pressed = GrKeyRead();
+    affich_nuc_site(false);
+
+    const auto* binding = editor_keys.find(pressed);
+    if (!binding) return 0;
+    const Redraw redraw = binding->run();
+    if (redraw == leave_editor) return -1;
+    check_invariants();
+    draw_again(redraw);
+    return 0;
+}
+
+int gere_seq()
+{
+    compute_ligne_consensus();
+    prem_ens = prem_spec = 0;
+    nb_spec_affich = count_display_rows();
+    init_param();
+    affich_menu_affich_seq();
+    int result = 0;
+    while (result == 0)
+        result = gere_affich_seq();
+    return result;
+}
+
+} // namespace kq

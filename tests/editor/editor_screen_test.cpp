@@ -1,0 +1,219 @@
+// What the editor shows, and that no key breaks it at any size of the window.
+#include "editor/display.h"
+#include "editor_test.h"
+#include "screen/text.h"
+#include "support/golden.h"
+
+#include <random>
+
+using namespace kq;
+using test::EditorTest;
+
+namespace {
+
+class EditorScreenTest : public EditorTest {
+public:
+    // Ten species in two ensembles, with a column of gaps, ambiguity, missing ends and a character without a
+    // code.
+    void load_mixed()
+    {
+        load(
+            {
+                "ACGTACGT-*RYN  ACGTTGCA",
+                "ACGTACGT-*RYN XACGTTGCA",
+                "ACGAACGT-*RYN    GTTGCA",
+                "  GTACGTC*AYN ?ACCTTGC ",
+                "ACGTACGT-*RYNj ACGTTGCA",
+                "UCGTACGT-*AAAA AC*TTGCA",
+                "ACGTACGT-*CCCC ACGTTGCA",
+            },
+            {{0, 1, 2, 3}, {4, 5, 6, 2}});
+    }
+};
+
+} // namespace
+
+TEST_F(EditorScreenTest, ShowsTheAlignment)
+{
+    open({.lines = 20, .columns = 100});
+    load_mixed();
+    edit("Down Right*3");
+    EXPECT_SCREEN("editor_start");
+}
+
+TEST_F(EditorScreenTest, ShowsACollapsedEnsembleAndTheConsensusLine)
+{
+    open({.lines = 20, .columns = 80});
+    load_mixed();
+    opt_consensus = 1, opt_nogap = 1;
+    set_collapsed(1, true);
+    compute_consensus(1);
+    edit("Down*4 Right*8");
+    EXPECT_SCREEN("editor_consensus");
+}
+
+TEST_F(EditorScreenTest, ShowsAProteinAlignmentScrolled)
+{
+    open({.lines = 20, .columns = 50});
+    load({"MKVLAAGIVGLLLAQWERTYPSDFGHJKLCVNM*", "MKVLAAGIVALLLAQWERTYPSDFGH-KLCVNM*",
+          "  VLA**IVGLLLAQ  RTYPSDFGH?KLCVN  "},
+         {}, test::protein);
+    opt_tiret = 1;
+    edit("End + C-Left");
+    EXPECT_SCREEN("editor_protein");
+}
+
+TEST_F(EditorScreenTest, DashesFollowTheTopRow)
+{
+    load_mixed();
+    edit("Home");
+    EXPECT_EQ(area(1).substr(0, 12), "ACGTACGT-RYN");
+    EXPECT_EQ(area(3).substr(0, 12), "---A--------");
+    edit("+*2"); // the third row is the reference now
+    EXPECT_EQ(area(1).substr(0, 12), "ACGAACGT-RYN");
+    EXPECT_EQ(area(2).substr(0, 12), "  -T----CA--") << "blanks stay";
+    opt_tiret = 1;
+    edit("Home");
+    EXPECT_EQ(area(3).substr(0, 12), "ACGAACGT-RYN");
+}
+
+TEST_F(EditorScreenTest, CountsResiduesAndNamesTheRow)
+{
+    open({.lines = 20, .columns = 100});
+    load_mixed();
+    edit("Right*10");
+    EXPECT_EQ(line(19).substr(0, 13), "    12/    11") << "a dash counts, the hidden \"*\" does not";
+    EXPECT_EQ(line(19).substr(39, 14), " 1: ensemble A");
+    EXPECT_EQ(line(19).substr(87), "1");
+    edit("Down*5 Right*2");
+    EXPECT_EQ(line(19).substr(39, 14), " 2: ensemble B");
+    EXPECT_EQ(line(19).substr(87), "2");
+    EXPECT_EQ(line(6).substr(28, 1), "<");
+    EXPECT_EQ(color_at(6, 29), color::yellow);
+    EXPECT_EQ(line(1).substr(28, 1), " ");
+}
+
+TEST_F(EditorScreenTest, DialogsLeaveNoTraces)
+{
+    open({.lines = 24, .columns = 100});
+    load_mixed();
+    edit("Right");
+    const auto before = screen_dump();
+    for (const char* keys : {"Right S-F4 N", "Right D N", "Right X Escape", "Right U N", "Right P N",
+                             "Right F11 Escape", "Right O Escape", "Right O Enter", "Right S-F1 N",
+                             "Right Escape N", "Right S-F9 Escape", "Right F3 N", "Right A-BackSpace Escape",
+                             "Right S-F8 N", "Right S-F8 Y Escape", "Right F1 Escape"}) {
+        edit(keys);
+        EXPECT_EQ(screen_dump(), before) << keys;
+    }
+}
+
+TEST_F(EditorScreenTest, AnotherFileIsOneWayOut)
+{
+    load_mixed();
+    EXPECT_EQ(edit("Right S-F1 Y").ending, test::Ending::returned);
+    const auto played = edit("Escape Y");
+    EXPECT_EQ(played.ending, test::Ending::program_ended);
+    EXPECT_EQ(played.status, 0);
+}
+
+TEST_F(EditorScreenTest, LettersWorkInBothCasesAndUnknownKeysDoNothing)
+{
+    load_mixed();
+    edit("e");
+    EXPECT_TRUE(collapsed(0));
+    const auto rows = sequences();
+    edit(R"(C-End F9 S-F5 A-< "?,.;/ABFSTZ$1~")");
+    EXPECT_EQ(sequences(), rows);
+    EXPECT_FALSE(changed());
+}
+
+// Keys at random, dialogs answered at random, at sizes down to the smallest and up to the largest.
+TEST_F(EditorScreenTest, NoKeyBreaksTheEditor)
+{
+    const char* keys[] = {
+        "Left",
+        "Right",
+        "Up",
+        "Down",
+        "Home",
+        "End",
+        "PgUp",
+        "PgDn",
+        "C-Left",
+        "C-Right",
+        "C-Up",
+        "C-Down",
+        "+",
+        "-",
+        "C",
+        "M",
+        "E",
+        "E",
+        "*",
+        "Space",
+        "*",
+        "Space",
+        "Delete",
+        "BackSpace",
+        "Tab",
+        "Delete",
+        "F11 7 Enter",
+        "F12 3 Enter",
+        "Insert Enter",
+        "S-F7 BackSpace 4 Enter",
+        "S-F3 9 Enter Q",
+        "S-F4 Y",
+        "U Y",
+        "X Y Enter",
+        "X Y Down Enter",
+        "P Y",
+        "D Y",
+        "A-BackSpace Y Enter",
+        "A-BackSpace Y Up Enter",
+        R"(S-F8 Y "AC*-" BackSpace Delete Right Escape)",
+        R"(S-F8 Y End "GGG" Escape)",
+        R"(S-F9 N Enter "ACGT*" Enter)",
+        "S-F12",
+        "F5",
+        "O Enter",
+        "Escape N",
+        "S-F1 N",
+        "F1 Escape",
+        "A-KPPlus",
+        "A-KPMinus",
+    };
+    const test::Geometry sizes[] = {{20, 20}, {20, 29}, {20, 31}, {21, 37}, {34, 80}, {200, 200}};
+    for (unsigned round = 0; round < 60; round++) {
+        std::mt19937 random(round);
+        open(sizes[round % std::size(sizes)]);
+        std::vector<std::string> rows;
+        const auto columns = 1 + random() % 70;
+        for (unsigned i = 0; i < 1 + random() % 40; i++) {
+            std::string text;
+            for (unsigned p = 0; p < 1 + random() % columns; p++)
+                text += "ACGTUN**-  ?Xjr"[random() % 15];
+            rows.push_back(text);
+        }
+        rows.push_back(std::string(columns, 'A'));
+        std::vector<std::vector<int>> ensembles(1 + random() % 4);
+        for (int i = 0; i < std::ssize(rows); i++)
+            ensembles[random() % ensembles.size()].push_back(i);
+        load(rows, ensembles, static_cast<int>(random() % 2));
+        opt_consensus = static_cast<int>(random() % 3);
+        opt_nogap = static_cast<int>(random() % 2);
+        opt_tiret = static_cast<int>(random() % 2);
+
+        std::string script, last_keys;
+        for (int i = 0; i < 150; i++)
+            script += std::string(keys[random() % std::size(keys)]) + " ";
+        play(script, [] {
+            enter();
+            affich_menu_affich_seq();
+            do
+                ASSERT_EQ(view_error() + store_error() + columns_error(), "");
+            while (gere_affich_seq() == 0);
+        });
+        ASSERT_FALSE(HasFailure()) << "round " << round << ": " << script;
+    }
+}

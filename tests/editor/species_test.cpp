@@ -1,0 +1,159 @@
+// Species go out of the alignment, out of ensembles, and come in.
+#include "editor_test.h"
+#include "screen/text.h"
+
+using namespace kq;
+using test::EditorTest;
+
+namespace {
+
+class SpeciesTest : public EditorTest {
+public:
+    std::vector<int> ensemble(int e) const { return {members(e).begin(), members(e).end()}; }
+    void expect_whole(const char* what) const
+    {
+        EXPECT_EQ(view_error() + store_error() + columns_error(), "") << what;
+    }
+};
+
+} // namespace
+
+TEST_F(SpeciesTest, ADeletedSpeciesIsKeptInTheRejectsFile)
+{
+    load({"AC*-T ", "CCCC  ", "GGGGGG"}, {{0, 1, 2}, {1, 2}});
+    EXPECT_EQ(edit("A-BackSpace Y Down Enter").ending, test::Ending::script_ended);
+    EXPECT_EQ(read_file("seq/test.non"), "#Molecule\n#Domain\n"
+                                         "#Partial sequence\n>Genus_a species@1\nAC-T\n");
+    EXPECT_TRUE(destroy[0]);
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(ensemble(0), (std::vector{1, 2}));
+    EXPECT_EQ(nb_spec, 3);
+    expect_whole("deleted");
+
+    edit("A-BackSpace Y Up Enter"); // the last reason: without the file
+    EXPECT_EQ(read_file("seq/test.non").find("Genus_b"), std::string::npos);
+    EXPECT_EQ(ensemble(0), std::vector{2});
+    EXPECT_EQ(ensemble(1), (std::vector{1, 2})) << "other ensembles keep it";
+
+    edit("Down*2 A-BackSpace Y Enter"); // of the second ensemble
+    EXPECT_TRUE(read_file("seq/test.non")
+                    .ends_with("#Sequencing errors with redondancy\n>Genus_c species@3\nGGGGGG\n"));
+    expect_whole("third");
+}
+
+TEST_F(SpeciesTest, DeletingCanBeGivenUp)
+{
+    for (const char* keys :
+         {"A-BackSpace N", "A-BackSpace Enter", "A-BackSpace Escape", "A-BackSpace Y Escape"}) {
+        load({"ACGT", "ACGT"});
+        edit(keys);
+        EXPECT_FALSE(destroy[0]) << keys;
+        EXPECT_FALSE(changed()) << keys;
+        EXPECT_FALSE(has_file("seq/test.non")) << keys;
+    }
+}
+
+TEST_F(SpeciesTest, ARejectsFileThatCannotBeWrittenKeepsTheSpecies)
+{
+    load({"ACGT", "ACGT"});
+    ASSERT_EQ(std::system(("mkdir " + path("seq/test.non")).c_str()), 0);
+    edit("A-BackSpace Y Enter");
+    EXPECT_TRUE(shows("The sequence is kept: "));
+    EXPECT_FALSE(destroy[0]);
+    EXPECT_EQ(ensemble(0), (std::vector{0, 1}));
+}
+
+TEST_F(SpeciesTest, TheLastRowOnDisplayIsNeverTakenAway)
+{
+    load({"ACGT", "ACGT"}, {{0}});
+    edit("A-BackSpace");
+    EXPECT_TRUE(shows("The ensemble n1 contains only 1 species"));
+    edit("A-BackSpace Q Y Enter");
+    EXPECT_EQ(ensemble(0), std::vector{0});
+    edit("D");
+    EXPECT_TRUE(shows("The ensemble n1 contains only 1 species (use F6)"));
+
+    load({"ACGT", "ACGT"}, {{0}, {1}});
+    edit("A-BackSpace Q Y Enter"); // the warning, and on
+    EXPECT_EQ(ensemble(0), std::vector<int>());
+    EXPECT_EQ(cursor_row(), (DisplayRow{1, 0}));
+    expect_whole("an empty ensemble");
+}
+
+TEST_F(SpeciesTest, CursorAndTopRowFindNewPlaces)
+{
+    const struct {
+        const char* what;
+        const char* keys;
+        std::vector<int> left;
+        int top, cursor, row;
+    } cases[] = {
+        {"in the middle: the next one comes up", "Down D Y", {0, 2, 3, 4}, 0, 1, 2},
+        {"the top row", "D Y", {1, 2, 3, 4}, 0, 0, 1},
+        {"the last of the ensemble: one row up", "Down*4 D Y", {0, 1, 2, 3}, 0, 3, 4},
+        {"above the top row of a list gone round", "+*2 Down*3 D Y", {1, 2, 3, 4}, 1, 0, 4},
+        {"the last one at the top of the screen: from the beginning", "+*4 D Y", {0, 1, 2, 3}, 0, 0, 1},
+        {"the last screen row of a list gone round", "+*2 Down*4 D Y", {0, 2, 3, 4}, 1, 0, 4},
+        {"not without a yes", "Down D N", {0, 1, 2, 3, 4}, 0, 1, 2},
+    };
+    for (const auto& c : cases) {
+        load(std::vector<std::string>(5, "ACGT"));
+        edit(c.keys);
+        EXPECT_EQ(ensemble(0), c.left) << c.what;
+        EXPECT_EQ(top_row(), (DisplayRow{0, c.top})) << c.what;
+        EXPECT_EQ(cursor_row(), (DisplayRow{0, c.cursor})) << c.what;
+        EXPECT_EQ(ligne_curs, c.row) << c.what;
+        EXPECT_FALSE(changed()) << c.what;
+        expect_whole(c.what);
+    }
+}
+
+TEST_F(SpeciesTest, AnEnsembleCollapsesAndExpands)
+{
+    load({"ACGT", "ACGA", "GGGG"}, {{0, 1}, {2}});
+    edit("Down E");
+    EXPECT_TRUE(collapsed(0));
+    EXPECT_EQ(nb_spec_affich, 2);
+    EXPECT_EQ(line(1).substr(0, 14), " 1: ensemble A");
+    EXPECT_EQ(std::string(seq_cons[0]), "ACGT"); // T before A: the lower code wins
+    EXPECT_EQ(cursor_row(), (DisplayRow{0, 0}));
+    expect_whole("collapsed");
+    edit("Down E E E E"); // the other one too, then the first one, there and back
+    EXPECT_TRUE(collapsed(1));
+    EXPECT_FALSE(collapsed(0));
+    EXPECT_EQ(nb_spec_affich, 3);
+    expect_whole("expanded");
+}
+
+TEST_F(SpeciesTest, ASequenceIsAdded)
+{
+    load({"ACGTACGTAC", "ACGTAC"});
+    EXPECT_EQ(edit(R"(Down S-F9 Enter "Homo sapiens" Enter Enter "ac-g$?n*t" Enter)").ending,
+              test::Ending::script_ended);
+    ASSERT_EQ(nb_spec, 3);
+    EXPECT_EQ(identifier(2), "Homo sapiens@");
+    EXPECT_EQ(sequence(2), "ACGN*T");
+    EXPECT_EQ(pc_len[2], 60);
+    EXPECT_EQ(ensemble(0), (std::vector{0, 1, 2}));
+    EXPECT_EQ(cursor_row(), (DisplayRow{0, 0}));
+    EXPECT_EQ(nbtot_groupe[0][0], 1);
+    EXPECT_EQ(nbret_groupe[0][0], 1);
+    EXPECT_TRUE(changed());
+    expect_whole("added");
+    edit(R"(C-Insert Q Down "AC" Up BackSpace M Enter Down)");
+    EXPECT_EQ(identifier(3), "M@");
+    EXPECT_EQ(sequence(3), "AC") << "the row's text ends at its own length";
+    edit("S-F9 Q Enter A Escape");
+    EXPECT_EQ(nb_spec, 4);
+    expect_whole("shorter");
+}
+
+TEST_F(SpeciesTest, AnEnsembleTakesTenThousandSpecies)
+{
+    std::vector<int> many(max_ensemble_species);
+    for (std::size_t i = 0; i < many.size(); i++)
+        many[i] = static_cast<int>(i);
+    load(std::vector<std::string>(max_ensemble_species, "AC"), {many});
+    edit("S-F9");
+    EXPECT_TRUE(shows("You can select at most 10000 species per ensemble"));
+}
