@@ -172,6 +172,29 @@ void redraw_selected(const node& n, int c, int arrow_colour)
     if (!n.leaf()) draw_arrow(n, arrow_colour);
 }
 
+// ---- joints -----------------------------------------------------------------------------------------------
+
+// The lines from an expanded node to its children.
+void draw_joint(const node& n)
+{
+    const int y2 = pixel_y(n.child2->y), y1 = pixel_y(n.child1->y);
+    _settextcolor(color::white);
+    horizontal_line(n.child2->x, n.x, y2);
+    horizontal_line(n.child1->x, n.x, y1);
+    vertical_line(n.x, y2, y1);
+}
+
+// A disc may have covered more than its joint where the cells are small.
+void restore_joint(const node& n)
+{
+    const node* view_root = p_arbre[static_cast<std::size_t>(no_arbre)];
+    if (&n != view_root) draw_joint(*n.parent);
+    draw_joint(n);
+    const int y = pixel_y(n.y);
+    vertical_line(n.x, y - 4, y + 3);
+    horizontal_line(n.x - 3, n.x, y);
+}
+
 // ---- the current node -------------------------------------------------------------------------------------
 
 // Line 2 up to a column.
@@ -186,11 +209,7 @@ void activate_joint(const node& n, bool on)
     const int x = n.x, y = pixel_y(n.y);
     if (in_tree_area(n.y) && x >= 0 && x < _nb_col * _gr_size_y) {
         _filled_circle(x, y, disc_radius, on ? color::light_green : color::black);
-        if (!on) {
-            _settextcolor(color::white);
-            vertical_line(x, y - 4, y + 3);
-            horizontal_line(x - 3, x, y);
-        }
+        if (!on) restore_joint(n);
     }
     if (!on) return;
     show_on_status_line("Node", n, counts_column() - 1);
@@ -236,11 +255,7 @@ constexpr std::string_view legend =
 void draw_subtree(const node& top)
 {
     if (!top.expanded()) return draw_entry(top);
-    const int y2 = pixel_y(top.child2->y), y1 = pixel_y(top.child1->y);
-    _settextcolor(color::white);
-    horizontal_line(top.child2->x, top.x, y2);
-    horizontal_line(top.child1->x, top.x, y1);
-    vertical_line(top.x, y2, y1);
+    draw_joint(top);
     draw_subtree(*top.child2);
     draw_subtree(*top.child1);
 }

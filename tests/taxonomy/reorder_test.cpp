@@ -1,0 +1,135 @@
+// Reordering the selection by typed numbers: the rule, and the screen.
+#include "screen/text.h"
+#include "taxonomy/reorder_screen.h"
+#include "taxonomy/species_order.h"
+#include "tree_fixture.h"
+
+#include <numeric>
+
+using namespace kq;
+using namespace kq::test;
+
+TEST(SpeciesOrder, NumbersLeadToTheirPlaces)
+{
+    constexpr int none = no_number;
+    const struct {
+        std::vector<int> numbers, order; // entries from 0
+    } cases[] = {
+        {{}, {}},
+        {{none, none, none}, {0, 1, 2}},
+        {{3, none, none, none, none}, {1, 2, 0, 3, 4}},
+        {{1, 1, none}, {0, 1, 2}},          // the later one is placed among the others
+        {{none, none, 1, 1}, {2, 0, 1, 3}}, //
+        {{5, 4, 3, 2, 1}, {4, 3, 2, 1, 0}}, //
+        {{0, 0, 0}, {}},                    //
+        {{none, 0, none}, {0, 2}},          //
+        {{0, 3, none}, {2, 1}},             // places close up
+        {{none, 9, none}, {0, 1, 2}},       // beyond the list
+        {{2, 2, 2, 0}, {1, 0, 2}},          //
+    };
+    for (const auto& [numbers, order] : cases)
+        EXPECT_EQ(reordered(numbers), order) << testing::PrintToString(numbers);
+}
+
+namespace {
+
+class Reorder : public TreeTest {
+public:
+    void select(int count)
+    {
+        std::vector<std::string> names;
+        std::string groups;
+        for (int i = 0; i < count; i++) {
+            names.push_back("Genus species" + std::to_string(i + 1) + "@X");
+            groups += names.back().substr(0, names.back().size() - 2) + "," + "ABC"[i % 3] + "\n";
+        }
+        load_names(names);
+        write_file("zoltexe/FIVE.fra", "1 May\n" + std::string(five_leaves) + "\n");
+        write_file("zolt/data/five.nom", groups);
+        write_file("zolt/data/five.col", "10,A\n3,B\n14,C\n");
+        read_taxonomy("FIVE", "five");
+        std::vector<int> all(static_cast<std::size_t>(count));
+        std::iota(all.begin(), all.end(), 0);
+        set_selection(all);
+    }
+    Played type(std::string_view keys)
+    {
+        return play(keys, [this] { redraw = gere_reorder_specie_retenue(); });
+    }
+    static std::vector<int> order()
+    {
+        chercher_specie_retenue();
+        const auto list = working_list();
+        return {list.begin(), list.end()};
+    }
+    int redraw = -1;
+};
+
+} // namespace
+
+TEST_F(Reorder, NothingSelectedIsAWarning)
+{
+    select(0 + 1);
+    clear_selection();
+    type("Q");
+    EXPECT_EQ(redraw, 2);
+    type("");
+    EXPECT_EQ(line_of("You have not yet selected any species"), 8);
+}
+
+TEST_F(Reorder, NumbersAreTypedAndApplied)
+{
+    select(5);
+    type("3 Down 2 4 Down*2 BackSpace");
+    EXPECT_SCREEN("reorder"); // 24 is more than there are: 5
+    EXPECT_EQ(type("3 F3").ending, Ending::returned);
+    EXPECT_EQ(redraw, 3);
+    EXPECT_EQ(order(), (std::vector{1, 2, 0, 3, 4}));
+    type("Down 1 F2 5 F3"); // the cursor stays on the second entry
+    EXPECT_EQ(order(), (std::vector{2, 0, 3, 4, 1}));
+    type("1 2 BackSpace BackSpace Down 0 Escape");
+    EXPECT_EQ(order(), (std::vector{2, 0, 3, 4, 1})) << "escape discards the numbers";
+    type("0 Down 0 F3");
+    EXPECT_EQ(order(), (std::vector{3, 4, 1}));
+    EXPECT_EQ(selection_error(), "");
+    EXPECT_EQ(type("0 Down 0 Down 0 F2").ending, Ending::returned) << "nothing remains";
+    EXPECT_EQ(redraw, 3);
+    EXPECT_EQ(nb_retenu, 0);
+    EXPECT_EQ(selection_error(), "");
+}
+
+TEST_F(Reorder, TheViewFollowsTheCursor)
+{
+    select(60);
+    const struct {
+        const char* keys;
+        const char* first_shown;
+        int current; // from 1
+    } cases[] = {
+        {"", "[   1]", 1},
+        {"Up", "[   1]", 1},
+        {"Right", "[   1]", 27},
+        {"Right Right", "[  27]", 53},
+        {"Right*3", "[  27]", 60},
+        {"PgDn*9", "[  27]", 60},
+        {"Right*2 Left*2", "[   1]", 1},
+        {"Right*2 Left Up*27", "[   1]", 1},
+        {"PgDn PgDn PgUp Down", "[   1]", 12},
+        {"Down*52", "[  27]", 53},
+    };
+    for (const auto& [keys, first_shown, current] : cases) {
+        type(keys);
+        EXPECT_EQ(screen_line(3).substr(8, 6), first_shown) << keys;
+        int highlighted = 0;
+        for (int l = 3; l <= 28; l++)
+            for (const int column : {4, 41})
+                if (background_at(l, column) != 0)
+                    highlighted = std::stoi(screen_line(l).substr(static_cast<std::size_t>(column) + 5, 4));
+        EXPECT_EQ(highlighted, current) << keys;
+    }
+    open({.lines = 20, .columns = 20});
+    type("Down*30 3 Left F2 PgUp*5 0 F3");
+    EXPECT_EQ(nb_retenu, 59);
+    EXPECT_EQ(selection_error(), "");
+    open({});
+}
