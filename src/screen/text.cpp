@@ -108,12 +108,15 @@ void mark_shape(int line, int column, Shape shape, int c)
     if (cell.ch == ' ') cell.fg = static_cast<unsigned char>(c);
 }
 
+// Takes the mark away again after the shape was painted over; a character that stood below it comes back.
 void unmark_shape(int line, int column, Shape shape)
 {
     if (!grid.holds(line, column)) return;
     Cell& cell = grid.row(line)[column];
     cell.shape &= static_cast<unsigned char>(~shape);
-    if (cell.shape == 0 && cell.ch == ' ') cell.fg = Cell{}.fg;
+    if (cell.shape) return;
+    if (cell.ch == ' ') cell.fg = Cell{}.fg;
+    draw_cell(line, column, cell);
 }
 
 // The cell of a pixel along one axis, also left of and above the screen.

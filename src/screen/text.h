@@ -69,6 +69,7 @@ void _clearscreen(int mode);
 
 void _moveto(int x, int y);
 void _lineto(int x, int y); // in the current text colour; the pen moves there
+// A disc; one in colour 0 erases the disc drawn there, and the text that it covered is back.
 void _filled_circle(int x, int y, int radius, int c);
 
 // Sets the text window to the box, clears it, draws a frame in `c` through the centres of its border cells

@@ -91,6 +91,25 @@ TEST_F(TextScreen, DrawsACellAgainThatAShapeCrosses)
     EXPECT_EQ(GrPixel(60, 21), color::black);
 }
 
+TEST_F(TextScreen, AnErasedDiscLeavesTheTextBelowIt)
+{
+    const auto pixels = [] {
+        std::string all;
+        for (int y = 0; y < 3 * _gr_size_x; y++)
+            for (int x = 0; x < 4 * _gr_size_y; x++)
+                all += static_cast<char>(GrPixel(x, y));
+        return all;
+    };
+    _settextposition(2, 1);
+    _outtext("MMMM");
+    const std::string text = pixels(), dump = screen_dump();
+    _filled_circle(15, 16, 4, color::light_green); // over two characters and two blanks
+    EXPECT_NE(pixels(), text);
+    _filled_circle(15, 16, 4, color::black);
+    EXPECT_EQ(pixels(), text);
+    EXPECT_EQ(screen_dump(), dump);
+}
+
 TEST_F(TextScreen, RecordsLinesInEveryCellTheyCross)
 {
     _moveto(4, 7);
