@@ -1,0 +1,48 @@
+// Timing for benchmarks that set two ways of doing one thing side by side: both run in turn, so that what
+// else the machine does meanwhile meets both.
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace kq::bench {
+
+template <class Work>
+double seconds(Work work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+inline double median(std::vector<double> times)
+{
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+// An alignment in a file.
+struct Size {
+    int species, columns;
+};
+inline constexpr Size sizes[] = {{20000, 14900}, {2000, 149000}, {20000, 1500}};
+
+// Where files are written: KQ_BENCH_DIR, else /tmp; with "/" at its end.
+inline std::string folder()
+{
+    const char* directory = std::getenv("KQ_BENCH_DIR");
+    return std::string(directory && *directory ? directory : "/tmp") + "/kqbench/";
+}
+
+inline std::string species_name(int i)
+{
+    char text[60];
+    std::snprintf(text, sizeof text, "Genus%d species%d@AC%06d", i % 500, i, i);
+    return text;
+}
+
+} // namespace kq::bench
