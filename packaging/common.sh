@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # Shared by ./run and ./check, sourced from the top of the source tree: messages and missing packages.
 
-say() { printf '%s\n' "$*" >&2; }
+say() { printf '%s\n' "$@" >&2; } # each argument on a line of its own
 die() {
     say "$@"
     exit 1
@@ -33,8 +33,8 @@ install_missing() {
 
     if [ "$(id -u)" -ne 0 ]; then
         command -v sudo >/dev/null ||
-            die "These packages are missing; as root, install them and start again:" \
-                "apt-get install --no-install-recommends ${missing[*]}"
+            die "Packages are missing. Install them as root and start again:" \
+                "    apt-get install --no-install-recommends ${missing[*]}"
         root=(sudo)
     fi
     say "Installing ${missing[*]}"
