@@ -3,6 +3,8 @@
 #include "raster/keys.h"
 #include "screen/directories.h"
 #include "taxonomy/frame_files.h"
+#include "taxonomy/frame_screen.h"
+#include "taxonomy/group_file_screen.h"
 
 namespace kq {
 

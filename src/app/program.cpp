@@ -24,6 +24,8 @@
 #include "taxonomy/ensembles.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_files.h"
+#include "taxonomy/frame_layout.h"
+#include "taxonomy/group_file_screen.h"
 #include "taxonomy/selection.h"
 
 namespace kq {

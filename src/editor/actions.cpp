@@ -17,7 +17,7 @@
 #include "screen/window.h"
 #include "taxonomy/ensembles.h"
 #include "taxonomy/frame.h"
-#include "taxonomy/frame_files.h"
+#include "taxonomy/frame_layout.h"
 
 #include <algorithm>
 #include <array>

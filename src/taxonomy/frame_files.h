@@ -1,9 +1,8 @@
-// screen: choosing and reading the frame, the species-to-group file and the group-colour file.
+// screen: reading and writing the frame, the species-to-group file and the group-colour file.
 //
-// What is wrong with such a file ends the program with a sentence that says so.
+// What is wrong with such a file ends the program with a sentence that says so; what cannot be written is
+// shown.
 #pragma once
-
-#include "taxonomy/frame_layout.h" // adjust_frame, which follows read_frame
 
 #include <string>
 #include <vector>
@@ -15,7 +14,6 @@ extern int nb_frame, no_frame;              // how many, at most max_frames; ind
 extern std::string file_NOM, file_COL;      // full paths of the group files in use, at most 99 bytes
 
 void read_all_frame();    // fills file_frame; none is fatal
-void read_FRA_NOM_COL();  // restores the last used names; asks where a file is not readable
 void write_FRA_NOM_COL(); // writes the memory file afas.ref
 void read_frame();        // builds the tree of file_frame[no_frame], then reads the colour file
 void read_file_NOM();     // gives every species its group
@@ -27,11 +25,5 @@ std::string frame_path(int frame);
 // The name that a listed file is known by: its path up to the first ".", without directories. Deliberate: a
 // "." in the directory cuts it short.
 std::string listed_name(const std::string& directory, const std::string& file);
-
-// The chooser's screens. choice_frame changes the frame; the other two return 0 when a file was chosen, -1 on
-// ESCAPE.
-void choice_frame();
-int choice_file_NOM();
-int choice_file_COL();
 
 } // namespace kq

@@ -1,4 +1,6 @@
 // screen: choosing the systematic frame.
+#include "taxonomy/frame_screen.h"
+
 #include "raster/grx.h"
 #include "raster/keys.h"
 #include "screen/dialogs.h"
@@ -28,7 +30,8 @@ void text_at(int line, int column, int c, std::string_view text)
     _outtext(text.substr(0, static_cast<std::size_t>(std::max(room, 0))));
 }
 
-// Shows the frame's header and asks for confirmation: 0 = the frame has been read, -1 = cancelled.
+} // namespace
+
 int confirme_choice_frame(int index)
 {
     const std::string path = frame_path(index);
@@ -53,6 +56,8 @@ int confirme_choice_frame(int index)
     read_frame();
     return ok;
 }
+
+namespace {
 
 // The list of frames: a cursor on a view that begins at frame dec_liste.
 class FrameList {

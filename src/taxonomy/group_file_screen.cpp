@@ -1,4 +1,6 @@
 // screen: choosing the species-to-group and the group-colour file; restoring the last used ones.
+#include "taxonomy/group_file_screen.h"
+
 #include "raster/grx.h"
 #include "raster/keys.h"
 #include "screen/dialogs.h"

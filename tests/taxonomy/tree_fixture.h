@@ -8,6 +8,9 @@
 #include "support/shared_data.h"
 #include "taxonomy/ensembles.h"
 #include "taxonomy/frame_files.h"
+#include "taxonomy/frame_layout.h"
+#include "taxonomy/frame_screen.h"
+#include "taxonomy/group_file_screen.h"
 #include "taxonomy_session.h"
 
 namespace kq::test {
