@@ -6,7 +6,8 @@
 
 namespace kq::test {
 
-// The folder of real alignment sets: KQ_SHARED_DATA, else ../shared/data beside the sources; nothing when absent.
+// The folder of real alignment sets: KQ_SHARED_DATA, else ../shared/data beside the sources; nothing when
+// absent.
 std::optional<std::string> shared_data();
 
 } // namespace kq::test

@@ -1,0 +1,46 @@
+// model: the key reference, printed from the key tables of the screens.
+#include "app/key_reference.h"
+
+#include "core/chooser.h"
+#include "editor/editor.h"
+#include "editor/modif_sequence.h"
+#include "raster/key_names.h"
+#include "taxonomy/reorder_screen.h"
+#include "taxonomy/tree_screen.h"
+
+namespace kq {
+
+namespace {
+
+// Neighbouring rows with one note are one line: several keys, one effect.
+template <class Action>
+void print_table(std::string& text, const KeyTable<Action>& table)
+{
+    text += "\n## " + std::string(table.title) + "\n\n| Key | What it does |\n| --- | --- |\n";
+    const auto rows = table.rows;
+    for (std::size_t i = 0; i < rows.size(); i++) {
+        text += i > 0 && rows[i].note == rows[i - 1].note ? ", " : "| ";
+        text += '`' + key_name(rows[i].key) + '`';
+        if (i + 1 == rows.size() || rows[i + 1].note != rows[i].note)
+            text += " | " + std::string(rows[i].note) + " |\n";
+    }
+    if (table.folds_case) text += "\nLetters work in upper and lower case.\n";
+}
+
+} // namespace
+
+std::string key_reference()
+{
+    std::string text =
+        "# Keys\n\nPrinted from the program's own key tables by `kq-keys`. `S-`, `C-` and `A-` stand "
+        "for Shift, Ctrl and Alt.\nIn boxes, ENTER confirms and ESCAPE cancels; in menus, Up, Down, "
+        "PgUp and PgDn move the highlight.\n";
+    print_table(text, chooser_keys);
+    print_table(text, tree_keys);
+    print_table(text, reorder_keys);
+    print_table(text, editor_keys);
+    print_table(text, primary_keys);
+    return text;
+}
+
+} // namespace kq

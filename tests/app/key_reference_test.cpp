@@ -1,0 +1,52 @@
+// The key tables, the key reference and the help pages say the same.
+#include "app/key_reference.h"
+#include "core/chooser.h"
+#include "editor/editor.h"
+#include "editor/modif_sequence.h"
+#include "raster/key_names.h"
+#include "taxonomy/reorder_screen.h"
+#include "taxonomy/tree_screen.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+std::string contents(const std::string& path)
+{
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+}
+
+template <class Action>
+void check_table(const kq::KeyTable<Action>& table)
+{
+    EXPECT_FALSE(table.rows.empty()) << table.title;
+    EXPECT_TRUE(kq::unique_keys(table.rows)) << table.title << " binds a key twice";
+    for (const auto& row : table.rows) {
+        EXPECT_FALSE(row.note.empty()) << table.title << ", key " << row.key;
+        EXPECT_FALSE(kq::key_name(row.key).empty()) << table.title << ", key " << row.key << " has no name";
+        const bool lower = row.key >= 'a' && row.key <= 'z';
+        EXPECT_FALSE(table.folds_case && lower) << table.title << " folds letters, but has a lower-case row";
+    }
+}
+
+} // namespace
+
+TEST(KeyTables, AreWholeAndUnambiguous)
+{
+    check_table(kq::chooser_keys);
+    check_table(kq::tree_keys);
+    check_table(kq::reorder_keys);
+    check_table(kq::editor_keys);
+    check_table(kq::primary_keys);
+}
+
+TEST(KeyTables, ArePrintedInTheReference)
+{
+    EXPECT_EQ(contents(KQ_SOURCE_DIRECTORY "/docs/keys.md"), kq::key_reference())
+        << "print it again: kq-keys > docs/keys.md";
+}

@@ -1,0 +1,153 @@
+// A curator's morning, key by key, through the whole program on the demo.
+#include "app/program.h"
+#include "core/chooser.h"
+#include "core/store.h"
+#include "support/screen_test.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+namespace fs = std::filesystem;
+using kq::test::Ending;
+using kq::test::ScreenTest;
+
+namespace {
+
+class MainRoad : public ScreenTest {
+protected:
+    void SetUp() override
+    {
+        fs::copy(KQ_SOURCE_DIRECTORY "/demo/ZOLT", root(), copy_over);
+        fs::copy(KQ_SOURCE_DIRECTORY "/demo/ZOLTEXE", root(), copy_over);
+        remember("DEMO", "demo");
+        kq::chooser_reset();
+    }
+
+    // The memory file, so that nothing is asked at the start.
+    void remember(const std::string& frame, const std::string& files) const
+    {
+        const std::string data = path("zolt/data/");
+        write_file("zolt/data/afas.ref", frame + '\n' + data + files + ".nom\n" + data + files + ".col\n");
+    }
+
+    Ending run(std::string_view script)
+    {
+        played_ = play(script, [] { kq::run_program(); });
+        return played_.ending;
+    }
+
+    // Line `number` (from 0) of a file.
+    std::string file_line(std::string_view file, int number) const
+    {
+        std::istringstream text(read_file(file));
+        std::string found;
+        for (int i = 0; i <= number; i++)
+            std::getline(text, found);
+        return found;
+    }
+
+    kq::test::Played played_;
+
+private:
+    static constexpr auto copy_over = fs::copy_options::recursive | fs::copy_options::overwrite_existing;
+};
+
+// The alignments of the demo, as the chooser lists them.
+constexpr std::string_view open_ovomucoid = "Down Enter Enter ";
+constexpr std::string_view select_all_unnamed = "Home F2 F3 Esc ";
+
+std::string keys(std::initializer_list<std::string_view> parts)
+{
+    std::string script;
+    for (const auto part : parts)
+        script += part;
+    return script;
+}
+
+} // namespace
+
+TEST_F(MainRoad, AGapIsSavedAndNothingElseChanges)
+{
+    const std::string before = read_file("seq/ovomucoid.ali");
+    ASSERT_FALSE(before.empty());
+    EXPECT_EQ(run(keys({open_ovomucoid, select_all_unnamed, "Right*4 \"*\" F5 Esc \"Y\""})),
+              Ending::program_ended);
+    EXPECT_EQ(played_.status, 0);
+
+    const std::string after = read_file("seq/ovomucoid.ali");
+    EXPECT_TRUE(read_file("seq/ovomucoid.bak") == before);
+    EXPECT_EQ(after.size(), before.size() + 1) << "the row ended in a residue: the alignment grew";
+    const auto star = static_cast<std::size_t>(
+        std::mismatch(before.begin(), before.end(), after.begin()).second - after.begin());
+    EXPECT_EQ(after[star], '*');
+    EXPECT_TRUE(after.substr(star + 1) == before.substr(star));
+    EXPECT_FALSE(has_file("seq/KQ_SAUVE.TMP"));
+}
+
+TEST_F(MainRoad, SavingWithoutAnEditKeepsEveryByteButTheMarksOfNewSequences)
+{
+    const std::string before = read_file("seq/ssu_small.ali");
+    EXPECT_EQ(run(keys({"Down*4 Enter Enter ", select_all_unnamed, "F5 Esc \"Y\""})), Ending::program_ended);
+    std::string expected = before;
+    for (auto at = expected.find("#NEW#"); at != std::string::npos; at = expected.find("#NEW#"))
+        expected.erase(at, 5);
+    EXPECT_FALSE(expected == before) << "the demo has new sequences";
+    EXPECT_TRUE(read_file("seq/ssu_small.ali") == expected);
+}
+
+TEST_F(MainRoad, SequencesAreShortenedDestroyedAndAddedAndTheNextAlignmentOpens)
+{
+    const auto ending = run(keys({
+        open_ovomucoid,
+        select_all_unnamed,
+        "Right*10 \"X\" \"Y\" Enter ",                   // shorten on the right of the cursor
+        "Down A-BackSpace \"Y\" Down*3 Enter ",          // destroy: redundancy
+        "S-F9 \"Novum animal\" Enter \"VKYPNT\" Enter ", // add
+        "F5 S-F1 \"Y\" ",                                // save, on to another file
+        "Down Enter Enter ",                             // proteases
+        select_all_unnamed,
+    }));
+    EXPECT_EQ(ending, Ending::script_ended);
+    EXPECT_EQ(kq::file_ALI, "proteases.ali");
+    EXPECT_EQ(kq::nb_spec, 158);
+
+    const std::string saved = read_file("seq/ovomucoid.ali");
+    EXPECT_NE(saved.find("XXX\n"), std::string::npos);
+    EXPECT_TRUE(saved.ends_with(">Novum animal@\nVKYPNT\n")) << saved.substr(saved.size() - 200);
+    const std::string rejects = read_file("seq/ovomucoid.non");
+    EXPECT_NE(rejects.find("\n#Redondancy\n>"), std::string::npos) << rejects;
+    const std::string name = file_line("seq/ovomucoid.non", 3);
+    EXPECT_EQ(saved.find('\n' + name + '\n'), std::string::npos) << name << " is still in the alignment";
+    EXPECT_NE(read_file("seq/ovomucoid.bak").find('\n' + name + '\n'), std::string::npos);
+}
+
+TEST_F(MainRoad, UnsavedWorkIsAskedForAndCanBeLeftBehind)
+{
+    const std::string before = read_file("seq/ovomucoid.ali");
+    // ESCAPE at the save question stays; no leaves without saving.
+    EXPECT_EQ(run(keys({open_ovomucoid, select_all_unnamed, "\"*\" Esc Esc Esc \"N\" \"Y\""})),
+              Ending::program_ended);
+    EXPECT_EQ(played_.keys_left, 0);
+    EXPECT_TRUE(read_file("seq/ovomucoid.ali") == before);
+    EXPECT_FALSE(has_file("seq/ovomucoid.bak"));
+}
+
+TEST_F(MainRoad, AnotherFrameIsChosenInTheFileChooser)
+{
+    // F3 lists ANIMALS, BACTERIA, BIRDS, DEMO; F4 the group files.
+    EXPECT_EQ(run("F3 Home Down*2 Enter Enter"), Ending::script_ended);
+    EXPECT_TRUE(shows("BIRDS.fra")) << line(2);
+    EXPECT_TRUE(read_file("zolt/data/afas.ref").starts_with("BIRDS\n"));
+}
+
+TEST_F(MainRoad, WithoutAlignmentsItSaysSoAndEnds)
+{
+    fs::remove_all(path("seq"));
+    fs::create_directory(path("seq"));
+    EXPECT_EQ(run(""), Ending::script_ended);
+    EXPECT_TRUE(shows("There is no file for this program"));
+    EXPECT_EQ(run("Enter"), Ending::program_ended);
+    EXPECT_EQ(played_.status, 1);
+}
