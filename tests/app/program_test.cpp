@@ -22,6 +22,7 @@ namespace fs = std::filesystem;
 class ProgramTest : public kq::test::ScreenTest {
 public:
     ProgramTest() { chooser_reset(); }
+    ~ProgramTest() override { frame_reset(); }
 
     // The demo's birds, with the memory file that answers the questions of a first start.
     void take_birds()
@@ -34,7 +35,11 @@ public:
         write_file("zolt/data/afas.ref",
                    "BIRDS\n" + path("zolt/data/birds.nom") + "\n" + path("zolt/data/birds.col") + "\n");
     }
-    kq::test::Played run(std::string_view keys) { return play(keys, run_program); }
+    kq::test::Played run(std::string_view keys)
+    {
+        frame_reset(); // a script that ends in the middle leaves its frame behind
+        return play(keys, run_program);
+    }
 };
 
 } // namespace

@@ -163,7 +163,7 @@ TEST(SaveFailure, KilledAnywhereItLeavesACompleteFile)
 TEST(SaveFailure, AFileSizeLimitIsAWarning)
 {
     const Scene scene{140000, true};
-    for (const rlim_t limit : {1, 4096, 150000, 200000, 280000}) {
+    for (const rlim_t limit : {1U, 4096U, 150000U, 200000U, 280000U}) {
         const SavedFolder s(scene);
         const pid_t child = fork();
         if (child == 0) {
