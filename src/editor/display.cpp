@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 namespace kq {
 
@@ -71,42 +72,34 @@ void set_area_window()
     _settextwindow(1, area_column, _nb_line - 2, _nb_col);
 }
 
-// Writes a row of the area from left to right, one call for each run of cells of one colour.
+// Collects the cells of a row of the area from left to right and draws them in one call.
 class RowWriter {
 public:
     RowWriter(int row, int column)
         : row_(row)
         , column_(column)
     {
+        cells_.reserve(cells_to_edge());
     }
     void put(char c, CellColours colours)
     {
-        if (colours != colours_) write_run();
-        colours_ = colours;
-        run_ += c;
+        cells_.push_back({static_cast<unsigned char>(c), static_cast<unsigned char>(colours.text),
+                          static_cast<unsigned char>(colours.background)});
     }
-    // Blanks up to the blank column at the right edge.
+    // Blanks up to the blank column at the right edge, then the row is drawn.
     void finish()
     {
-        while (column_ + static_cast<int>(run_.size()) <= area_width() + 1)
-            put(' ', {});
-        write_run();
-        set_colours({});
+        cells_.resize(std::max(cells_.size(), cells_to_edge()));
+        _outcells(row_, column_, cells_);
     }
 
 private:
-    int row_, column_; // where the run begins
-    CellColours colours_;
-    std::string run_;
+    int row_, column_;
+    std::vector<Cell> cells_;
 
-    void write_run()
+    std::size_t cells_to_edge() const
     {
-        if (run_.empty()) return;
-        set_colours(colours_);
-        _settextposition(row_, column_);
-        _outtext(run_);
-        column_ += static_cast<int>(run_.size());
-        run_.clear();
+        return static_cast<std::size_t>(std::max(area_width() + 1 - (column_ - 1), 0));
     }
 };
 

@@ -89,7 +89,9 @@ void settle_cursor()
 {
     if (nb_spec_affich > 0) {
         if (!is_display_row(top_row())) set_top_row(first_row());
-        ligne_curs = std::clamp(ligne_curs, 1, shown_rows());
+        const int beyond = std::max(ligne_curs - shown_rows(), 0);
+        deplace_specie(beyond);
+        ligne_curs = std::max(ligne_curs - beyond, 1);
         set_cursor_row(rows_away(top_row(), ligne_curs - 1));
     }
     reactualise_colonne();

@@ -22,7 +22,8 @@ void init_param();
 void reactualise(int e);
 // Scrolls until the cursor's column lies inside the area.
 Redraw reactualise_colonne();
-// Makes the cursor's row, column and screen row agree again after rows went away or the window was resized.
+// Makes the cursor's row, column and screen row agree again after rows went away or the window was resized; a
+// row that is now below the screen is scrolled into it.
 void settle_cursor();
 
 // ---- rows -------------------------------------------------------------------------------------------------

@@ -93,7 +93,7 @@ TEST_F(SpeciesTest, CursorAndTopRowFindNewPlaces)
         {"the last of the ensemble: one row up", "Down*4 D Y", {0, 1, 2, 3}, 0, 3, 4},
         {"above the top row of a list gone round", "+*2 Down*3 D Y", {1, 2, 3, 4}, 1, 0, 4},
         {"the last one at the top of the screen: from the beginning", "+*4 D Y", {0, 1, 2, 3}, 0, 0, 1},
-        {"the last screen row of a list gone round", "+*2 Down*4 D Y", {0, 2, 3, 4}, 1, 0, 4},
+        {"the last screen row of a list gone round", "+*2 Down*4 D Y", {0, 2, 3, 4}, 2, 1, 4},
         {"not without a yes", "Down D N", {0, 1, 2, 3, 4}, 0, 1, 2},
     };
     for (const auto& c : cases) {
