@@ -62,34 +62,39 @@ bool any_table()
            std::ranges::any_of(of_ensemble, &CountTable::exists);
 }
 
-CountedText row_text(int species)
+CountedText counted_text(int species)
 {
     const auto text = row(species);
     return {text.data(), static_cast<int>(text.size())};
 }
 
-void append_texts(std::vector<CountedText>& texts, std::span<const int> species)
-{
-    for (const int i : species)
-        texts.push_back(row_text(i));
-}
-
 std::vector<CountedText> texts_of(std::span<const int> species)
 {
     std::vector<CountedText> texts;
-    append_texts(texts, species);
+    for (const int i : species)
+        texts.push_back(counted_text(i));
     return texts;
 }
 
-// The rows of a set, with multiplicity.
+// Calls f(species) for each row of a set, with multiplicity.
+template <typename F>
+void for_rows_of(CountedSet set, int ensemble, F f)
+{
+    if (set == CountedSet::species) {
+        for (int i = 0; i < nb_spec; i++)
+            f(i);
+        return;
+    }
+    const bool one = set == CountedSet::ensemble;
+    for (int e = one ? ensemble : 0; e < (one ? ensemble + 1 : nb_ens); e++)
+        for (const int species : members(e))
+            f(species);
+}
+
 std::vector<CountedText> texts_of(CountedSet set, int ensemble)
 {
     std::vector<CountedText> texts;
-    if (set == CountedSet::ensemble) append_texts(texts, members(ensemble));
-    for (int e = 0; set == CountedSet::ensembles && e < nb_ens; e++)
-        append_texts(texts, members(e));
-    for (int i = 0; set == CountedSet::species && i < nb_spec; i++)
-        texts.push_back(row_text(i));
+    for_rows_of(set, ensemble, [&texts](int species) { texts.push_back(counted_text(species)); });
     return texts;
 }
 
@@ -118,7 +123,7 @@ void for_tables_of(int species, int apart_from, F f)
 // What a row shows in the columns [first, last).
 void copy_visible(int species, int first, int last, char* target)
 {
-    const auto text = row_text(species);
+    const auto text = counted_text(species);
     const int end = std::clamp(text.length, first, last);
     std::memcpy(target, text.text + first, static_cast<std::size_t>(end - first));
     std::memset(target + (end - first), ' ', static_cast<std::size_t>(last - end));
@@ -178,10 +183,8 @@ RowChange::~RowChange()
     copy_visible(species_, first_, last_, text_after.data());
     const auto length = static_cast<std::size_t>(last_ - first_);
     const std::string_view before(text_before.data(), length), after(text_after.data(), length);
-    for_tables_of(species_, apart_from_, [&](CountTable& counts, int times) {
-        for (int i = 0; i < times; i++)
-            counts.change(first_, before, after);
-    });
+    for_tables_of(species_, apart_from_,
+                  [&](CountTable& counts, int times) { counts.change(first_, before, after, times); });
 }
 
 // ---- an ensemble edited as one
@@ -252,7 +255,7 @@ void add_kept(std::span<const int> kept, int ensemble, int first, int last, Sign
 {
     if (ensemble >= 0) add_to_sums(ensemble, first, last, sign);
     for (const int species : kept) {
-        const auto text = row_text(species);
+        const auto text = counted_text(species);
         for_tables_of(species, ensemble, [&](CountTable& counts, int times) {
             for (int i = 0; i < times; i++)
                 counts.add(std::span(&text, 1), first, last, sign);
@@ -273,7 +276,8 @@ void for_all_tables(F f)
 } // namespace
 
 OpeningColumns::OpeningColumns(std::span<const int> kept, int kept_ensemble, int p, int n)
-    : kept_(kept)
+    : fillers(static_cast<std::size_t>(nb_spec))
+    , kept_(kept)
     , kept_ensemble_(kept_ensemble)
     , p_(p)
     , n_(n)
@@ -283,27 +287,34 @@ OpeningColumns::OpeningColumns(std::span<const int> kept, int kept_ensemble, int
     add_kept(kept, kept_ensemble, p, nb_nuc_tot, Sign::minus);
 }
 
+void OpeningColumns::open(CountTable& counts, CountedSet set, int ensemble) const
+{
+    counts.extend(n_);
+    if (!counts.exists()) return;
+    if (set == CountedSet::ensemble && ensemble == kept_ensemble_) {
+        counts.add(texts_of(set, ensemble), nb_nuc_tot - n_, nb_nuc_tot, Sign::plus);
+        return;
+    }
+    int stars = 0, blanks = 0;
+    for_rows_of(set, ensemble, [&](int species) {
+        const char filler = fillers[static_cast<std::size_t>(species)];
+        stars += filler == '*';
+        blanks += filler == ' ';
+    });
+    counts.shift_right(p_, n_);
+    counts.add('*', stars, p_, p_ + n_);
+    counts.add(' ', blanks, p_, p_ + n_);
+}
+
 OpeningColumns::~OpeningColumns()
 {
     if (!any_table()) return;
-    for_all_tables([this](CountTable& counts, CountedSet set, int e) {
-        counts.extend(n_);
-        if (!counts.exists()) return;
-        if (set == CountedSet::ensemble && e == kept_ensemble_) {
-            counts.add(texts_of(set, e), nb_nuc_tot - n_, nb_nuc_tot, Sign::plus);
-        } else {
-            counts.shift_right(p_, n_);
-        }
-    });
+    for_all_tables([this](CountTable& counts, CountedSet set, int e) { open(counts, set, e); });
     if (kept_ensemble_ >= 0 && !ensemble_table(kept_ensemble_).exists()) {
         counts_forget(); // no memory for the longer table: nothing to put back into the sums
         return;
     }
-    add_kept(kept_, kept_ensemble_, p_ + n_, nb_nuc_tot, Sign::plus);
-    for_all_tables([this](CountTable& counts, CountedSet set, int e) {
-        if (set == CountedSet::ensemble && e == kept_ensemble_) return;
-        counts.add(texts_of(set, e), p_, p_ + n_, Sign::plus);
-    });
+    add_kept(kept_, kept_ensemble_, p_, nb_nuc_tot, Sign::plus);
     if (kept_ensemble_ >= 0) release_if_shown(kept_ensemble_);
 }
 
@@ -319,7 +330,7 @@ void counts_row_added(int species)
 {
     bits(species) = 0;
     if (!of_species.exists()) return;
-    const auto text = row_text(species);
+    const auto text = counted_text(species);
     of_species.add(std::span(&text, 1), 0, nb_nuc_tot, Sign::plus);
     of_species.set_members(nb_spec);
 }

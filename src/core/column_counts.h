@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kq {
 
@@ -74,7 +75,12 @@ public:
     OpeningColumns(const OpeningColumns&) = delete;
     OpeningColumns& operator=(const OpeningColumns&) = delete;
 
+    // To be set for each species while this lives: what fills the opened columns, 0 in a kept row.
+    std::vector<char> fillers;
+
 private:
+    void open(CountTable& counts, CountedSet set, int ensemble) const;
+
     std::span<const int> kept_;
     int kept_ensemble_, p_, n_;
 };

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cassert>
 #include <type_traits>
 
 namespace kq {
@@ -77,95 +76,103 @@ struct BlockCounts {
 template <typename Counter>
 [[gnu::always_inline]] inline void raise_maximum(Block<Counter>& most, const Counter* counts, int width)
 {
-    for (int j = 0; j < width; j++)
-        most[static_cast<std::size_t>(j)] = std::max(most[static_cast<std::size_t>(j)], counts[j]);
+    for (std::size_t j = 0; j < static_cast<std::size_t>(width); j++) {
+        const Counter old = most[j], count = counts[j];
+        most[j] = count > old ? count : old;
+    }
 }
 
 // q = 10 m / K of consensus_mark is never computed: q >= 2 means 5 m >= K, q >= 4 means 5 m >= 2 K, and
 // q > 9 with m != K means m > K.
 template <typename Counter>
-[[gnu::always_inline]] inline void mark_any_block(const BlockCounts<Counter>& block, char* marks)
+[[gnu::always_inline]] inline void mark_any_block(BlockCounts<Counter> block, char* marks)
 {
     Block<Counter> most{}, unknown;
     for (int code = 0; code < block.codes - 1; code++)
         raise_maximum(most, block.row(code), block.width);
     block.add_unknown(unknown);
     raise_maximum(most, unknown.data(), block.width);
-    for (int j = 0; j < block.width; j++) {
-        const int m = static_cast<int>(most[static_cast<std::size_t>(j)]);
-        const int K = block.n - static_cast<int>(unknown[static_cast<std::size_t>(j)]);
+    for (std::size_t j = 0; j < static_cast<std::size_t>(block.width); j++) {
+        const int m = static_cast<int>(most[j]), K = block.n - static_cast<int>(unknown[j]);
         const char mark = 5 * m >= 2 * K ? '*' : 5 * m >= K ? '.' : ' ';
-        marks[j] = K == 0 || m > K ? ' ' : mark;
+        const bool unmarked = (K == 0) | (m > K);
+        marks[j] = unmarked ? ' ' : mark;
     }
 }
 
+// a where the mask is all ones, b where it is zero: an expression that becomes no branch.
 template <typename Counter>
-struct Leaders {
-    Block<Counter> code{}, count{}, second_code{}, second_count{};
-};
+[[gnu::always_inline]] inline Counter blend(Counter mask, Counter a, Counter b)
+{
+    return static_cast<Counter>(b ^ ((a ^ b) & mask));
+}
 
 template <typename Counter>
-[[gnu::always_inline]] inline void scan_code(Leaders<Counter>& leaders, int code, const Counter* counts,
-                                             int width)
+[[gnu::always_inline]] inline void scan_code(Block<Counter>& leader, Block<Counter>& leading, int code,
+                                             const Counter* counts, int width)
 {
     for (std::size_t j = 0; j < static_cast<std::size_t>(width); j++) {
-        const bool leads = counts[j] > leaders.count[j];
-        leaders.second_code[j] = leads ? leaders.code[j] : leaders.second_code[j];
-        leaders.second_count[j] = leads ? leaders.count[j] : leaders.second_count[j];
-        leaders.code[j] = leads ? static_cast<Counter>(code) : leaders.code[j];
-        leaders.count[j] = leads ? counts[j] : leaders.count[j];
+        const Counter count = counts[j], most = leading[j];
+        const auto leads = static_cast<Counter>(count > most ? ~Counter{0} : Counter{0});
+        leader[j] = blend(leads, static_cast<Counter>(code), leader[j]);
+        leading[j] = blend(leads, count, most);
     }
 }
 
-// The cases of column_consensus as selections. Single precision divides exactly enough: a quotient 10 c / d
-// with c, d <= 1,000,000 that is no integer lies further from the next one than rounding can move it.
+// 10 - v for v = 10 c / d, 0 <= c <= d: how many of the tenths of d lie above c.
+[[gnu::always_inline]] inline int tenths_missing(int c, int d)
+{
+    int missing = 0;
+    for (int tenth = 1; tenth <= 10; tenth++)
+        missing += 10 * c < tenth * d;
+    return missing;
+}
+
+// The cases of column_consensus as selections. The unknown class is the last code of the scan: where it
+// leads, the runner-up is what led before it, and where it dominates, it leads. So the leader of the other
+// codes is the character in every case that has residues.
 template <typename Counter>
-[[gnu::always_inline]] inline void decide_any_block(const BlockCounts<Counter>& block, Block<Counter>& picked,
+[[gnu::always_inline]] inline void decide_any_block(BlockCounts<Counter> block, Block<Counter>& picked,
                                                     unsigned char* levels)
 {
-    Leaders<Counter> leaders;
-    Block<Counter> unknown;
+    Block<Counter> leader{}, leading{}, unknown;
     const int n = block.n, unknown_code = block.codes - 1;
     for (int code = 0; code < unknown_code; code++)
-        scan_code(leaders, code, block.row(code), block.width);
+        scan_code(leader, leading, code, block.row(code), block.width);
     block.add_unknown(unknown);
-    scan_code(leaders, unknown_code, unknown.data(), block.width);
     const Counter *gap_counts = block.row(0), *blank_counts = block.row(block.codes);
     for (std::size_t j = 0; j < static_cast<std::size_t>(block.width); j++) {
         const int S = static_cast<int>(blank_counts[j]), G = static_cast<int>(gap_counts[j]);
         const int X = static_cast<int>(unknown[j]);
-        const bool only_gaps = S + G == n, no_residue = X + G == n, dominated = 10 * X >= 9 * n;
-        const bool runner_up = dominated || leaders.code[j] == static_cast<Counter>(unknown_code);
-        const int leader = static_cast<int>(runner_up ? leaders.second_code[j] : leaders.code[j]);
-        const int leading = static_cast<int>(runner_up ? leaders.second_count[j] : leaders.count[j]);
-        const int c = no_residue ? G : leading;
-        const int d = no_residue ? G + X - S : n - X;
-        const int quotient =
-            static_cast<int>(10.0F * static_cast<float>(c) / static_cast<float>(std::max(d, 1)));
-        const int v = only_gaps ? 10 : dominated && !no_residue ? 1 : quotient;
-        const int code = only_gaps && S > G ? unknown_code : no_residue ? 0 : leader;
-        picked[j] = static_cast<Counter>(code);
-        levels[j] = static_cast<unsigned char>(std::min(9, 10 - v));
+        const int residue = static_cast<int>(leader[j]), count = static_cast<int>(leading[j]);
+        const bool only_gaps = S + G == n, no_residue = X + G == n;
+        const bool dominated = (10 * X >= 9 * n) & !no_residue, mostly_blank = only_gaps & (S > G);
+        const int missing = tenths_missing(no_residue ? G : count, no_residue ? G + X - S : n - X);
+        const int by_count = dominated ? 9 : missing;
+        const int level = only_gaps ? 0 : by_count;
+        const int gap_or_blank = mostly_blank ? unknown_code : 0;
+        picked[j] = static_cast<Counter>(no_residue ? gap_or_blank : residue);
+        levels[j] = static_cast<unsigned char>(level < 9 ? level : 9);
     }
 }
 
-KQ_VECTOR_CLONES void mark_block(const BlockCounts<std::uint16_t>& block, char* marks)
+KQ_VECTOR_CLONES void mark_block(BlockCounts<std::uint16_t> block, char* marks)
 {
     mark_any_block(block, marks);
 }
 
-KQ_VECTOR_CLONES void mark_block(const BlockCounts<std::uint32_t>& block, char* marks)
+KQ_VECTOR_CLONES void mark_block(BlockCounts<std::uint32_t> block, char* marks)
 {
     mark_any_block(block, marks);
 }
 
-KQ_VECTOR_CLONES void decide_block(const BlockCounts<std::uint16_t>& block, Block<std::uint16_t>& picked,
+KQ_VECTOR_CLONES void decide_block(BlockCounts<std::uint16_t> block, Block<std::uint16_t>& picked,
                                    unsigned char* levels)
 {
     decide_any_block(block, picked, levels);
 }
 
-KQ_VECTOR_CLONES void decide_block(const BlockCounts<std::uint32_t>& block, Block<std::uint32_t>& picked,
+KQ_VECTOR_CLONES void decide_block(BlockCounts<std::uint32_t> block, Block<std::uint32_t>& picked,
                                    unsigned char* levels)
 {
     decide_any_block(block, picked, levels);
@@ -193,7 +200,6 @@ void mark_columns(const CountTable& counts, ColumnRange columns, char* marks)
 void consensus_columns(const CountTable& counts, ColumnRange columns, const char* letters, char* characters,
                        unsigned char* levels)
 {
-    assert(counts.members() <= 1000000);
     if (columns.empty()) return;
     if (counts.members() == 0) {
         std::fill(characters + columns.first, characters + columns.last, ' ');

@@ -24,7 +24,7 @@ ColumnConsensus column_consensus(std::span<const std::uint32_t> counts, std::uin
                                  const char* letters);
 
 // The same for the columns of a range, many at a time; column p is written to place p of the strings. The
-// letters begin with "*" and end with a blank. At most 1,000,000 rows.
+// letters begin with "*" and end with a blank.
 void mark_columns(const CountTable& counts, ColumnRange columns, char* marks);
 void consensus_columns(const CountTable& counts, ColumnRange columns, const char* letters, char* characters,
                        unsigned char* levels);

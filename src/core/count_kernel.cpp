@@ -153,7 +153,7 @@ void count_rows(CounterGrid<Counter> counters, const ResidueClasses& classes,
 
 template <typename Counter>
 void count_change(CounterGrid<Counter> counters, const ResidueClasses& classes, int first,
-                  std::string_view before, std::string_view after)
+                  std::string_view before, std::string_view after, int times)
 {
     constexpr std::size_t step = 8; // runs of equal characters are passed over in words
     for (std::size_t j = 0; j < before.size(); j += step) {
@@ -161,8 +161,10 @@ void count_change(CounterGrid<Counter> counters, const ResidueClasses& classes, 
         if (end - j == step && std::memcmp(before.data() + j, after.data() + j, step) == 0) continue;
         for (std::size_t i = j; i < end; i++) {
             Counter* column = counters.first + static_cast<std::size_t>(first) + i;
-            column[class_of(classes, before[i]) * counters.stride]--;
-            column[class_of(classes, after[i]) * counters.stride]++;
+            auto& left = column[class_of(classes, before[i]) * counters.stride];
+            left = static_cast<Counter>(left - static_cast<std::uint32_t>(times));
+            auto& entered = column[class_of(classes, after[i]) * counters.stride];
+            entered = static_cast<Counter>(entered + static_cast<std::uint32_t>(times));
         }
     }
 }
@@ -172,8 +174,8 @@ template void count_rows(CounterGrid<std::uint16_t>, const ResidueClasses&, std:
 template void count_rows(CounterGrid<std::uint32_t>, const ResidueClasses&, std::span<const CountedText>, int,
                          int, Sign);
 template void count_change(CounterGrid<std::uint16_t>, const ResidueClasses&, int, std::string_view,
-                           std::string_view);
+                           std::string_view, int);
 template void count_change(CounterGrid<std::uint32_t>, const ResidueClasses&, int, std::string_view,
-                           std::string_view);
+                           std::string_view, int);
 
 } // namespace kq

@@ -45,9 +45,10 @@ template <typename Counter>
 void count_rows(CounterGrid<Counter> counters, const ResidueClasses& classes,
                 std::span<const CountedText> rows, int first, int last, Sign sign);
 
-// One row changed from column `first` on: what stood there, and what stands there now, of equal length.
+// A row that counts so many times has changed from column `first` on: what stood there, and what stands there
+// now, of equal length.
 template <typename Counter>
 void count_change(CounterGrid<Counter> counters, const ResidueClasses& classes, int first,
-                  std::string_view before, std::string_view after);
+                  std::string_view before, std::string_view after, int times);
 
 } // namespace kq

@@ -122,7 +122,7 @@ void CountTable::add(char c, int times, int first, int last)
     note(first, last);
 }
 
-void CountTable::change(int first, std::string_view before, std::string_view after)
+void CountTable::change(int first, std::string_view before, std::string_view after, int times)
 {
     const auto start = std::mismatch(before.begin(), before.end(), after.begin()).first - before.begin();
     const auto same = std::mismatch(before.rbegin(), before.rend(), after.rbegin()).first - before.rbegin();
@@ -131,7 +131,8 @@ void CountTable::change(int first, std::string_view before, std::string_view aft
     const auto from = static_cast<std::size_t>(start), count = static_cast<std::size_t>(end - start);
     first += static_cast<int>(start);
     write([&](auto counters) {
-        count_change(counters, *classes_, first, before.substr(from, count), after.substr(from, count));
+        count_change(counters, *classes_, first, before.substr(from, count), after.substr(from, count),
+                     times);
     });
     note(first, first + static_cast<int>(count));
 }

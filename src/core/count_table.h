@@ -47,7 +47,8 @@ public:
     void add(std::span<const CountedText> rows, int first, int last, Sign sign);
     void add(const CountTable& part, int first, int last, Sign sign); // a table of the same type and length
     void add(char c, int times, int first, int last);                 // that many rows, which hold c there
-    void change(int first, std::string_view before, std::string_view after); // in one row
+    // One row, in the set so many times, has changed.
+    void change(int first, std::string_view before, std::string_view after, int times);
     void shift_right(int first, int n); // from `first` on; the opened counters are zero, the last n are lost
     void shift_left(int first, int n);  // into the place of [first, first + n); the last n counters are zero
     void clear(int first, int last);    // to zero

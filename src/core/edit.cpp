@@ -242,14 +242,16 @@ Growth open_columns(const Rows& kept, int p, int n)
     const auto reserved = reserve_columns(n);
     if (reserved != Growth::grown) return reserved;
 
-    const OpeningColumns counts(kept.species(), kept.ensemble(), p, n);
+    OpeningColumns counts(kept.species(), kept.ensemble(), p, n);
 #pragma omp parallel for schedule(static) if (nb_spec > 100)
     for (int species = 0; species < nb_spec; species++) {
         if (is_kept[static_cast<std::size_t>(species)]) {
             fill_up(species, nb_nuc_tot + n);
         } else {
+            const char filler = shift_filler(species, p);
+            counts.fillers[static_cast<std::size_t>(species)] = filler;
             fill_up(species, nb_nuc_tot);
-            insert_into_row(species, p, n, shift_filler(species, p), length_of(species) + n);
+            insert_into_row(species, p, n, filler, length_of(species) + n);
         }
     }
     extend_columns(n);

@@ -1,0 +1,241 @@
+// The edit door: its limits, and what the random edits do not reach.
+#include "core/column_counts.h"
+#include "core/columns.h"
+#include "core/consensus.h"
+#include "core/edit.h"
+#include "core/store.h"
+#include "support/model.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+
+using namespace kq;
+using kq::test::PlainModel;
+
+namespace {
+
+void load(std::vector<std::string> rows)
+{
+    PlainModel model;
+    model.columns = static_cast<int>(rows.at(0).size());
+    model.rows = std::move(rows);
+    model.load();
+}
+
+std::string text(int species)
+{
+    const auto span = row(species);
+    return {span.begin(), span.end()};
+}
+
+std::vector<int> first_species(int count)
+{
+    std::vector<int> species(static_cast<std::size_t>(count));
+    std::iota(species.begin(), species.end(), 0);
+    return species;
+}
+
+} // namespace
+
+TEST(Edit, InsertionPushesOutGapsAndKeepsResidues)
+{
+    load({"AC*GT* ", "ACCCGTA"});
+    EXPECT_TRUE(insert_chars(Rows::one(0), 2, 2, '*'));
+    EXPECT_EQ(text(0), "AC***GT");
+    EXPECT_FALSE(room_at_end(Rows::one(0), 1));
+    EXPECT_TRUE(insert_chars(Rows::one(0), 0, 1, ' ')); // T moves out of sight, and back
+    EXPECT_EQ(text(0), " AC***GT");
+    EXPECT_EQ(nb_nuc_tot, 7);
+    delete_chars(Rows::one(0), 3, 3);
+    EXPECT_EQ(text(0), " ACGT  ");
+    EXPECT_EQ(free_columns_at_end(Rows::one(0)), 2);
+    EXPECT_TRUE(room_at_end(Rows::one(0), 2));
+    EXPECT_FALSE(room_at_end(Rows::one(0), 3));
+
+    EXPECT_TRUE(insert_chars(Rows::one(1), 0, 1, '*'));
+    EXPECT_EQ(grow_alignment(1), Growth::grown); // shows the A again
+    EXPECT_EQ(text(1), "*ACCCGTA");
+    EXPECT_EQ(text(0), " ACGT   ");
+    delete_chars(Rows::one(1), 0, 100); // at most to the end
+    EXPECT_EQ(text(1), "        ");
+}
+
+TEST(Edit, PlacesOpenedInsideMissingSequenceAreBlank)
+{
+    const struct {
+        const char* row;
+        int p;
+        char filler;
+    } cases[] = {
+        {" ACG ", 0, ' '}, {"*ACG ", 0, '*'}, {"A  CG", 1, '*'}, {"A  CG", 2, ' '}, {"A  CG", 3, '*'},
+        {"ACG A", 4, ' '}, {"ACGA ", 4, '*'}, {"ACG  ", 5, ' '}, {"ACG *", 5, '*'}, {"A*CGA", 5, '*'},
+    };
+    for (const auto& c : cases) {
+        load({c.row, "ACGTA"});
+        EXPECT_EQ(shift_filler(0, c.p), c.filler) << '"' << c.row << "\" at " << c.p;
+        EXPECT_EQ(open_columns(Rows::one(1), c.p, 3), Growth::grown);
+        EXPECT_EQ(text(0), std::string(c.row).insert(static_cast<std::size_t>(c.p), 3, c.filler));
+        EXPECT_EQ(text(1), "ACGTA   ");
+    }
+}
+
+TEST(Edit, TypingEndsOneByteBeforeTheStride)
+{
+    load(std::vector<std::string>(20000, "ACGT"));
+    ASSERT_EQ(lenseq_tot, 15000);
+    while (row(7).size() < 14999)
+        ASSERT_TRUE(insert_residue(7, 1, 'G'));
+    EXPECT_FALSE(insert_residue(7, 1, 'G'));
+    EXPECT_EQ(text(7), "A" + std::string(14995, 'G') + "CGT");
+    EXPECT_EQ(text(8), "ACGT");
+    EXPECT_EQ(store_error(), "");
+
+    // Its tail cannot move further: refused, for one row, for an ensemble and for all.
+    set_members(0, std::vector{6, 7, 8});
+    const auto before = text(7);
+    EXPECT_FALSE(insert_chars(Rows::one(7), 0, 1, '*'));
+    EXPECT_FALSE(insert_chars(Rows::of_ensemble(0), 0, 1, '*'));
+    EXPECT_EQ(open_columns(Rows::one(8), 0, 1), Growth::too_long);
+    EXPECT_EQ(text(7), before);
+    EXPECT_EQ(text(6), "ACGT");
+    EXPECT_EQ(nb_nuc_tot, 4);
+    EXPECT_EQ(open_columns(Rows::one(7), 0, 1), Growth::grown); // kept, it moves nowhere
+    EXPECT_EQ(text(6), "*ACGT");
+    delete_chars(Rows::one(7), 0, 1);
+    EXPECT_TRUE(insert_chars(Rows::one(7), 0, 1, '*'));
+}
+
+TEST(Edit, TypingEndsAtTheLongestLineThatCanBeReadBack)
+{
+    load({std::string(149990, 'A'), "C"});
+    ASSERT_GT(lenseq_tot, max_alignment);
+    for (int i = 0; i < 7; i++)
+        EXPECT_TRUE(insert_residue(0, 0, 'G'));
+    EXPECT_FALSE(insert_residue(0, 0, 'G'));
+    EXPECT_EQ(row(0).size(), 149997U);
+    EXPECT_TRUE(may_grow(7));
+    EXPECT_FALSE(may_grow(8));
+    EXPECT_EQ(grow_alignment(8), Growth::too_long);
+    EXPECT_EQ(open_columns(Rows::one(0), 0, 8), Growth::too_long);
+    EXPECT_EQ(nb_nuc_tot, 149990);
+    EXPECT_EQ(grow_alignment(7), Growth::grown);
+    EXPECT_FALSE(may_grow(1));
+    EXPECT_EQ(store_error(), "");
+}
+
+TEST(Edit, GrowthLeavesOneByteOfTheStride)
+{
+    load(std::vector<std::string>(20000, "ACGT"));
+    EXPECT_TRUE(may_grow(14994)); // 14998 + 1 < 15000
+    EXPECT_FALSE(may_grow(14995));
+}
+
+TEST(Edit, AddedSpeciesMovesTheRowsTogether)
+{
+    load({"ACGTACGT", "CCCCCCCC", "GGGGGGGG"});
+    set_members(0, std::vector{0, 1, 2});
+    insert_residue(1, 0, 'T'); // a text beyond the alignment moves along
+    column_counts(CountedSet::species);
+    EXPECT_EQ(add_species("Homo sapiens@", "ACG"), Adding::added);
+    EXPECT_EQ(nb_spec, 4);
+    EXPECT_EQ(lenseq_tot, 75000000);
+    EXPECT_EQ(text(0), "ACGTACGT");
+    EXPECT_EQ(text(1), "TCCCCCCCC");
+    EXPECT_EQ(text(3), "ACG");
+    EXPECT_EQ(residue(3, 5), ' ');
+    EXPECT_EQ(pc_len[3], 37);
+    EXPECT_EQ(identifier(3), "Homo sapiens@");
+    EXPECT_EQ(identifier(2), "Species 2");
+    EXPECT_EQ(nb_spec_ens[0], 3);
+    EXPECT_EQ(columns_error(), "");
+    insert_chars(Rows::one(3), 1, 1, '*'); // a short row is filled up first
+    EXPECT_EQ(text(3), "A*CG    ");
+    EXPECT_EQ(columns_error(), "");
+}
+
+TEST(Edit, SpeciesAreRefusedWhereARowWouldNotFit)
+{
+    load(std::vector<std::string>(10000, "ACGT"));
+    while (insert_residue(9999, 4, 'A')) {
+    }
+    EXPECT_EQ(row(9999).size(), 29999U);
+    EXPECT_EQ(add_species("One more@", "A"), Adding::too_many_characters);
+    EXPECT_EQ(nb_spec, 10000);
+    delete_residue(9999, 0);
+    delete_residue(9999, 0);
+    delete_residue(9999, 0);
+    EXPECT_EQ(add_species("One more@", "A"), Adding::added); // 300000000 / 10001 = 29997
+    EXPECT_EQ(store_error(), "");
+
+    load(std::vector<std::string>(20000, "AC"));
+    EXPECT_EQ(add_species("Too many@", "A"), Adding::too_many_species);
+}
+
+TEST(Edit, EnsemblesHoldTenThousandMembersOnce)
+{
+    load(std::vector<std::string>(10003, "A"));
+    set_members(0, first_species(10003));
+    EXPECT_EQ(nb_spec_ens[0], 10000);
+    EXPECT_FALSE(append_member(0, 10001));
+    remove_member(0, 0);
+    EXPECT_FALSE(append_member(0, 5)); // a member already
+    EXPECT_TRUE(append_member(0, 10001));
+    EXPECT_EQ(members(0).back(), 10001);
+    for (int e = 1; e < max_ensembles; e++)
+        EXPECT_EQ(add_ensemble(), e);
+    EXPECT_EQ(add_ensemble(), -1);
+    EXPECT_EQ(columns_error(), "");
+}
+
+// More than 65535 rows counted together, then fewer again.
+TEST(Edit, CountsSurviveTheChangeOfTheirWidth)
+{
+    load(std::vector<std::string>(10000, "AC"));
+    set_members(0, first_species(10000));
+    for (int e = 1; e < 7; e++) {
+        set_members(add_ensemble(), first_species(10000));
+        EXPECT_EQ(column_counts(CountedSet::ensembles).count(8, 0),
+                  static_cast<std::uint32_t>(e + 1) * 10000U);
+    }
+    overwrite(3, 0, "C");
+    EXPECT_EQ(column_counts(CountedSet::ensembles).count(8, 0), 70000U - 7U);
+    remove_ensemble(2);
+    EXPECT_EQ(column_counts(CountedSet::ensembles).count(8, 0), 60000U - 6U);
+    EXPECT_EQ(columns_error(), "");
+}
+
+// Deliberate: discarding an ensemble leaves the consensus strings where they are; the ensembles that moved
+// down show the old ones until they are computed.
+TEST(Edit, DiscardedEnsembleLeavesItsConsensusBehind)
+{
+    load({"AAAA", "CCCC", "GGGG"});
+    for (int e = 0; e < 3; e++) {
+        if (e > 0) add_ensemble();
+        set_members(e, std::vector{e});
+        set_collapsed(e, true);
+        set_ensemble_name(e, "ensemble " + std::to_string(e));
+        compute_consensus(e);
+    }
+    remove_ensemble(0);
+    EXPECT_EQ(nb_ens, 2);
+    EXPECT_STREQ(ens_names[0], "ensemble 1");
+    EXPECT_STREQ(ens_names[2], "");
+    EXPECT_STREQ(seq_cons[0], "AAAA");
+    EXPECT_STREQ(seq_cons[1], "CCCC");
+    EXPECT_STREQ(seq_cons[2], "GGGG");
+    compute_consensus(0);
+    EXPECT_STREQ(seq_cons[0], "CCCC");
+    EXPECT_STREQ(seq_cons[1], "CCCC");
+    EXPECT_EQ(add_ensemble(), 2); // a new ensemble begins blank
+    EXPECT_STREQ(seq_cons[2], "    ");
+}
+
+TEST(Edit, NoEnsembleMemberHidesEveryColumn)
+{
+    load({"AC", "GT"});
+    EXPECT_EQ(recompute_hidden(false, 1), -2);
+    EXPECT_EQ(nb_nuc, 0);
+    EXPECT_EQ(recompute_hidden(true, 0), 1);
+    EXPECT_EQ(nb_nuc, 2);
+}
