@@ -1,26 +1,19 @@
 // model: per-column counts of residue classes, for the sets of rows in use.
 //
-// Counts are kept for all ensembles together (a species in two ensembles counts twice), all species, and each
-// collapsed ensemble, from the moment they are first asked for. core/edit.h keeps them exact by the change
-// alone; a set whose counts are out of date is counted anew when it is next asked for. What reads counts
-// never scans rows.
+// Counts are kept for all ensembles together, all species, and each collapsed ensemble, from the moment they
+// are first asked for. core/edit.h keeps them exact by the change alone (core/column_upkeep.h); a set whose
+// counts are out of date is counted anew when it is next asked for. What reads counts never scans rows.
 #pragma once
 
 #include "core/count_table.h"
+#include "core/counted_rows.h"
 
-#include <cstdint>
-#include <span>
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace kq {
 
-// The sets that counts are kept for.
-enum class CountedSet { ensembles, species, ensemble };
-
-// Counts the set first when it has no counts. `ensemble` is read for CountedSet::ensemble only. Valid until
-// the next change of the alignment. Memory refused is a fatal end.
+// Counts the set first when it has no counts. Valid until the next change of the alignment. Memory refused is
+// a fatal end.
 const CountTable& column_counts(CountedSet set, int ensemble = 0);
 // The columns whose counts may have changed since the last call for this set, everything after a count. A set
 // has one reader that calls this: the consensus line or the consensus of the ensemble.
@@ -34,64 +27,7 @@ void counts_forget();
 // species' ensembles (slow; tests and debug builds).
 std::string columns_error();
 
-// ---- upkeep, for core/edit only
-
-// One row changes within the columns [first, last) while this lives. `apart_from` is an ensemble whose own
-// counts, and what it adds to the sums, are kept by an EnsembleChange; -1 = none.
-class RowChange {
-public:
-    RowChange(int species, int first, int last, int apart_from = -1);
-    ~RowChange();
-    RowChange(const RowChange&) = delete;
-    RowChange& operator=(const RowChange&) = delete;
-
-private:
-    int species_, first_, last_, apart_from_;
-};
-// Whether a RowChange would have anything to do.
-bool row_is_counted(int species, int apart_from = -1);
-
-// All members of an ensemble change alike from column `first` on while this lives: its table is changed, and
-// with it the sums.
-class EnsembleChange {
-public:
-    EnsembleChange(int ensemble, int first);
-    ~EnsembleChange();
-    EnsembleChange(const EnsembleChange&) = delete;
-    EnsembleChange& operator=(const EnsembleChange&) = delete;
-    void inserted(int n, char c); // after the rows: n characters c at `first`
-    void erased(int n);           // after the rows: n characters at `first`; what entered at the end is read
-
-private:
-    int ensemble_, first_;
-};
-
-// n columns open at p in every row but the kept ones while this lives. When it ends the rows, and nb_nuc_tot,
-// have changed.
-class OpeningColumns {
-public:
-    OpeningColumns(std::span<const int> kept, int kept_ensemble, int p, int n);
-    ~OpeningColumns();
-    OpeningColumns(const OpeningColumns&) = delete;
-    OpeningColumns& operator=(const OpeningColumns&) = delete;
-
-    // To be set for each species while this lives: what fills the opened columns, 0 in a kept row.
-    std::vector<char> fillers;
-
-private:
-    void open(CountTable& counts, CountedSet set, int ensemble) const;
-
-    std::span<const int> kept_;
-    int kept_ensemble_, p_, n_;
-};
-
-// The alignment, and with it each row, has become n columns longer at its end.
-void counts_extended(int n);
-// A row has been added; it belongs to no ensemble yet.
-void counts_row_added(int species);
-// Members leave and enter an ensemble, whose list may have changed already.
-void counts_members_changed(int ensemble, std::span<const int> removed, std::span<const int> added);
-// Before an ensemble is taken out and the later ones move down.
-void counts_ensemble_removed(int ensemble);
+// The table of a set, for core/column_upkeep.h only; it need not exist.
+CountTable& count_table(CountedSet set, int ensemble = 0);
 
 } // namespace kq

@@ -1,6 +1,7 @@
 // model: the edit door: characters and alignment length.
 #include "core/edit.h"
 
+#include "core/column_upkeep.h"
 #include "core/columns.h"
 #include "core/consensus.h"
 #include "core/residues.h"

@@ -1,5 +1,6 @@
 // model: the edit door: ensembles and their members.
 #include "core/column_counts.h"
+#include "core/column_upkeep.h"
 #include "core/consensus.h"
 #include "core/edit.h"
 #include "core/store.h"

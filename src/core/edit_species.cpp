@@ -1,5 +1,5 @@
 // model: the edit door: species, their identifiers and flags.
-#include "core/column_counts.h"
+#include "core/column_upkeep.h"
 #include "core/edit.h"
 #include "core/store.h"
 #include "screen/strings.h"
