@@ -153,7 +153,7 @@ Redraw create_ensemble_key()
     if (confirme("Do you want to create a new ensemble?", dialog_line) != answer_yes) return redraw_sequences;
     const int ensemble = add_ensemble();
     if (ensemble < 0) {
-        affich_avert("Insufficient available memory", dialog_line);
+        warn("Insufficient available memory");
         return redraw_screen;
     }
     if (construct_ensemble(ensemble) != ok) {
@@ -169,8 +169,7 @@ Redraw create_ensemble_key()
 Redraw other_file_key()
 {
     if (verif_sauvegarde() == escaped) return redraw_all_rows;
-    const auto answer = confirme("Do you want to work on another file?", dialog_line);
-    return answer == answer_yes ? leave_editor : redraw_all_rows;
+    return confirmed("Do you want to work on another file?") ? leave_editor : redraw_all_rows;
 }
 
 Redraw end_program_key()

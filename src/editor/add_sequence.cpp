@@ -69,12 +69,11 @@ bool add_to_store(const NewSequence& entered)
     case Adding::added:
         return true;
     case Adding::too_many_species:
-        affich_avert("You have already the maximum number of species", dialog_line);
+        warn("You have already the maximum number of species");
         return false;
     case Adding::too_many_characters:
-        affich_avert(text_format("There are too many characters, %ld (MAX = %ld)",
-                                 (nb_spec + 1L) * (nb_nuc_tot + 1L), seq_capacity),
-                     dialog_line);
+        warn(text_format("There are too many characters, %ld (MAX = %ld)", (nb_spec + 1L) * (nb_nuc_tot + 1L),
+                         seq_capacity));
         return false;
     case Adding::no_memory:
         break;
@@ -96,12 +95,11 @@ void put_into_cupboard(int species)
 int add_new_sequence()
 {
     if (nb_spec >= max_species) {
-        affich_avert("You have already the maximum number of species", dialog_line);
+        warn("You have already the maximum number of species");
         return escaped;
     }
     if (nb_spec_ens[0] >= max_ensemble_species) {
-        affich_avert(text_format("You can select at most %d species per ensemble", max_ensemble_species),
-                     dialog_line);
+        warn(text_format("You can select at most %d species per ensemble", max_ensemble_species));
         return escaped;
     }
     NewSequence entered;

@@ -20,8 +20,8 @@ constexpr int box_right = 70, wide_box_right = 90;
 
 bool grown(Growth growth)
 {
-    if (growth == Growth::too_long) affich_avert("The sequences are too long (see DOC)", dialog_line);
-    if (growth == Growth::no_memory) affich_avert("Insufficient available memory", dialog_line);
+    if (growth == Growth::too_long) warn("The sequences are too long (see DOC)");
+    if (growth == Growth::no_memory) warn("Insufficient available memory");
     return growth == Growth::grown;
 }
 
@@ -140,16 +140,14 @@ void remove_gap_gauche()
         mark_changed();
         overwrite(species, 0, text);
     }
-    if (removed < n)
-        affich_avert(text_format("Only %d gaps out of %d have been removed", removed, n), dialog_line);
+    if (removed < n) warn(text_format("Only %d gaps out of %d have been removed", removed, n));
 }
 
 void remove_gap_droite()
 {
     const int species = require_species();
     if (species < 0) return;
-    if (confirme("Do you want to remove all the gaps on the right of cursor?", dialog_line) != answer_yes)
-        return;
+    if (!confirmed("Do you want to remove all the gaps on the right of cursor?")) return;
     std::string text = columns_of(species);
     if (close_gaps(text, cursor_position(), nb_nuc_tot, nb_nuc_tot) == 0) return;
     mark_changed();
@@ -161,7 +159,7 @@ void supprime_gap()
     const int species = require_species();
     if (species < 0) return;
     const auto question = "Do you want to remove gaps in " + std::string(identifier(species));
-    if (confirme(question, dialog_line) != answer_yes) return;
+    if (!confirmed(question)) return;
     mark_changed();
     std::string text = columns_of(species);
     close_gaps(text, 0, nb_nuc_tot, nb_nuc_tot);
@@ -194,7 +192,7 @@ void put_X()
     const int species = require_species();
     if (species < 0) return;
     const auto question = text_format("Do you want to shorten %s?", identifier(species).data());
-    if (confirme(question, dialog_line) != answer_yes) return;
+    if (!confirmed(question)) return;
     constexpr std::string_view sides[] = {"On the right of the cursor", "On the left of the cursor"};
     const int side = _choice_option(dialog_line, 0, sides, static_cast<int>(sides[0].size()));
     if (side == escaped) return;
@@ -214,7 +212,7 @@ void sequence_partielle()
     const int species = require_species();
     if (species < 0) return;
     const auto question = text_format("Is %s partial?", identifier(species).data());
-    if (confirme(question, dialog_line) != answer_yes) return;
+    if (!confirmed(question)) return;
 
     const auto text = row(species);
     const auto is_letter = [](char c) { return c >= 'A' && c <= 'Z'; };

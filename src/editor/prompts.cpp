@@ -2,6 +2,7 @@
 #include "editor/prompts.h"
 
 #include "core/store.h"
+#include "editor/display.h"
 #include "editor/view.h"
 #include "raster/keys.h"
 #include "screen/dialogs.h"
@@ -12,6 +13,29 @@
 #include <cstdio>
 
 namespace kq {
+
+namespace {
+
+void draw_rows_again()
+{
+    affich_all_species();
+    affich_all_seq(0);
+}
+
+} // namespace
+
+void warn(std::string_view message)
+{
+    affich_avert(message, dialog_line);
+    draw_rows_again();
+}
+
+bool confirmed(std::string_view question)
+{
+    const auto answer = confirme(question, dialog_line);
+    draw_rows_again();
+    return answer == answer_yes;
+}
 
 int ask_count(std::string_view prompt, int right_column)
 {
@@ -32,8 +56,7 @@ int ask_count(std::string_view prompt, int right_column)
 int require_species()
 {
     if (collapsed(ens_curs))
-        affich_avert(text_format("Change the type of display of the ensemble n%d before", ens_curs + 1),
-                     dialog_line);
+        warn(text_format("Change the type of display of the ensemble n%d before", ens_curs + 1));
     return cursor_species();
 }
 

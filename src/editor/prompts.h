@@ -8,6 +8,10 @@ namespace kq {
 // Line of the warnings, confirmations and menus of the editor.
 inline constexpr int dialog_line = 5;
 
+// A warning, and a question that only "Yes" answers with true; both draw again the rows that their box
+// covered, because another box may follow.
+void warn(std::string_view message);
+bool confirmed(std::string_view question);
 // Asks for a count from 0 to 10000 (1 is proposed) in a box over lines 5 to 7 from column 30 to
 // `right_column`; 0 on ESCAPE.
 int ask_count(std::string_view prompt, int right_column);

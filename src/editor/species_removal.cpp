@@ -33,16 +33,15 @@ int cursor_ensemble_size()
 
 void warn_few_species(const char* advice)
 {
-    affich_avert(text_format("The ensemble n%d contains only %d species%s", ens_curs + 1,
-                             cursor_ensemble_size(), advice),
-                 dialog_line);
+    warn(text_format("The ensemble n%d contains only %d species%s", ens_curs + 1, cursor_ensemble_size(),
+                     advice));
 }
 
 bool reject(int species, std::string_view reason)
 {
     const auto error = append_reject(species, reason);
     if (error.empty()) return true;
-    affich_avert("The sequence is kept: " + error, dialog_line);
+    warn("The sequence is kept: " + error);
     return false;
 }
 
@@ -87,7 +86,7 @@ int destroy_sequence_int(int species, Removal mode)
     } else {
         const auto question =
             text_format("Do you want to definitively delete %s", identifier(species).data());
-        if (confirme(question, dialog_line) != answer_yes) return escaped;
+        if (!confirmed(question)) return escaped;
         const int reason = _choice_option(dialog_line, 0, reasons, reason_width);
         if (reason == escaped) return escaped;
         if (reason != without_rejects && !reject(species, reasons[reason])) return escaped;
@@ -119,7 +118,7 @@ void discard_species()
         return;
     }
     const auto question = text_format("Do you want to discard %s", identifier(species).data());
-    if (confirme(question, dialog_line) != answer_yes) return;
+    if (!confirmed(question)) return;
     take_cursor_row_away();
     close_ranks();
 }

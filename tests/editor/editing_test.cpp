@@ -84,6 +84,16 @@ TEST_F(EditingTest, KeysOnASingleRow)
     }
 }
 
+TEST_F(EditingTest, ARefusedBackspaceLeavesTheCursor)
+{
+    load({"AC*T", "ACGT"});
+    edit("Right*2 BackSpace");
+    EXPECT_EQ(cursor_position(), 2);
+    EXPECT_EQ(sequence(0), "AC*T");
+    edit("BackSpace");
+    EXPECT_EQ(cursor_position(), 0) << "there is nothing before the first position";
+}
+
 TEST_F(EditingTest, OpeningColumnsKeepsTheCursorsRowInPlace)
 {
     const Case cases[] = {
@@ -194,7 +204,7 @@ TEST_F(EditingTest, ManyAtOnceIsAsOneByOne)
 TEST_F(EditingTest, APrimarySequenceIsTyped)
 {
     const Case cases[] = {
-        {"typed in, the row grows", {"ACGT", "ACGT"}, R"(S-F8 Y Right "TT" Escape)", {"ATTCGT", "ACGT"}},
+        {"typed in, the row grows", {"ACGT", "ACGT"}, R"(S-F8 Y Right "TG" Escape)", {"ATGCGT", "ACGT"}},
         {"deleted, the row shrinks",
          {"ACGT", "ACGT"},
          "S-Insert Y Right*2 BackSpace Delete Escape",

@@ -99,6 +99,13 @@ TEST_F(EditorScreenTest, DialogsLeaveNoTraces)
     load_mixed();
     edit("Right");
     const auto before = screen_dump();
+    _settextwindow(1, 1, _nb_line, _nb_col); // as another screen leaves it
+    for (int number = 1; number <= _nb_line; number++) {
+        _settextposition(number, 1);
+        _outtext(std::string(static_cast<std::size_t>(_nb_col), '#'));
+    }
+    edit("Right");
+    EXPECT_EQ(screen_dump(), before);
     for (const char* keys : {"Right S-F4 N", "Right D N", "Right X Escape", "Right U N", "Right P N",
                              "Right F11 Escape", "Right O Escape", "Right O Enter", "Right S-F1 N",
                              "Right Escape N", "Right S-F9 Escape", "Right F3 N", "Right A-BackSpace Escape",

@@ -36,6 +36,7 @@ TEST_F(SpeciesTest, ADeletedSpeciesIsKeptInTheRejectsFile)
     EXPECT_EQ(ensemble(1), (std::vector{1, 2})) << "other ensembles keep it";
 
     edit("Down*2 A-BackSpace Y Enter"); // of the second ensemble
+    EXPECT_TRUE(read_file("seq/test.non").starts_with("#Molecule\n#Domain\n#Partial sequence\n"));
     EXPECT_TRUE(read_file("seq/test.non")
                     .ends_with("#Sequencing errors with redondancy\n>Genus_c species@3\nGGGGGG\n"));
     expect_whole("third");
@@ -128,13 +129,14 @@ TEST_F(SpeciesTest, AnEnsembleCollapsesAndExpands)
 TEST_F(SpeciesTest, ASequenceIsAdded)
 {
     load({"ACGTACGTAC", "ACGTAC"});
-    EXPECT_EQ(edit(R"(Down S-F9 Enter "Homo sapiens" Enter Enter "ac-g$?n*t" Enter)").ending,
+    EXPECT_EQ(edit(R"(Down + S-F9 Enter "Homo sapiens" Enter Enter "ac-g$?n*t" Enter)").ending,
               test::Ending::script_ended);
     ASSERT_EQ(nb_spec, 3);
     EXPECT_EQ(identifier(2), "Homo sapiens@");
     EXPECT_EQ(sequence(2), "ACGN*T");
     EXPECT_EQ(pc_len[2], 60);
     EXPECT_EQ(ensemble(0), (std::vector{0, 1, 2}));
+    EXPECT_EQ(top_row(), (DisplayRow{0, 0}));
     EXPECT_EQ(cursor_row(), (DisplayRow{0, 0}));
     EXPECT_EQ(nbtot_groupe[0][0], 1);
     EXPECT_EQ(nbret_groupe[0][0], 1);
