@@ -25,6 +25,10 @@ void end_after_rescue()
     end_program(received ? 128 + received : 1);
 }
 
+// Writing to a server that has just gone is an error of that call, not the end of the program. A handler, not
+// SIG_IGN: programs that are started from here get the default back.
+extern "C" void kq_on_broken_pipe(int) {}
+
 extern "C" void kq_on_signal(int number)
 {
     received = number;
@@ -49,6 +53,8 @@ void rescue_on_sudden_end()
         if (sigaction(number, nullptr, &before) == 0 && before.sa_handler == SIG_IGN) continue;
         sigaction(number, &action, nullptr);
     }
+    action.sa_handler = kq_on_broken_pipe;
+    sigaction(SIGPIPE, &action, nullptr);
 }
 
 } // namespace kq
