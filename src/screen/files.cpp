@@ -161,7 +161,7 @@ bool NewFile::commit()
 {
     if (!finish()) return false;
     if (std::rename(temporary_.c_str(), path_.c_str()) != 0) {
-        fail("Problem in renaming file");
+        error_ = file_problem("Problem in changing name from " + temporary_ + " to", path_, errno);
         return false;
     }
     temporary_.clear();
@@ -171,8 +171,19 @@ bool NewFile::commit()
 
 std::string copy_file_safely(const std::string& from, const std::string& target)
 {
-    const int source = open_again(from.c_str(), O_RDONLY);
+    // Without O_NONBLOCK a pipe that carries the file's name would hold the program for ever.
+    const int source = open_again(from.c_str(), O_RDONLY | O_NONBLOCK);
     if (source < 0) return file_problem("Problem in opening file", from, errno);
+    struct stat status {};
+    if (fstat(source, &status) != 0 || !S_ISREG(status.st_mode)) {
+        close(source);
+        return "Problem in opening file " + from + " (it is not a regular file)";
+    }
+    const auto size = static_cast<unsigned long long>(status.st_size);
+    if (std::string refused = cannot_write(directory_of(target), size); !refused.empty()) {
+        close(source);
+        return refused;
+    }
     NewFile copy(target);
     std::vector<char> block(write_block);
     std::string problem;
@@ -194,6 +205,7 @@ std::string cannot_write(const std::string& directory, unsigned long long bytes)
 {
     if (access(directory.c_str(), W_OK | X_OK) != 0)
         return file_problem("It is not possible to write in the directory", directory, errno);
+    if (bytes == 0) return ""; // deleting is what a full disk needs
     struct statvfs room {};
     // A file system that does not say how much room it has speaks against nothing.
     if (statvfs(directory.c_str(), &room) != 0 || room.f_blocks == 0) return "";

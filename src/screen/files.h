@@ -53,11 +53,11 @@ private:
     void flush();
 };
 
-// Copies a file's bytes into `target` (as NewFile does); empty on success, else what failed.
+// Copies a regular file's bytes into `target` (as NewFile does); empty on success, else what failed.
 std::string copy_file_safely(const std::string& from, const std::string& target);
 
 // Why a file of about `bytes` more bytes cannot be written into the directory; empty when nothing speaks
-// against it (the directory exists, can be written, has room).
+// against it (the directory exists, can be written, has room). With 0 bytes room does not matter.
 std::string cannot_write(const std::string& directory, unsigned long long bytes);
 
 // The names (without directory) of the entries of `directory` ending in `suffix`, in byte order; names that

@@ -80,8 +80,19 @@ TEST_F(Files, AWriteThatFailsLeavesTheOldFileAndNothingElse)
     EXPECT_FALSE(file.commit());
     EXPECT_EQ(file.error(), "Problem in writing file " + path("seq/KQ_SAUVE.TMP") + " (File too large)");
     EXPECT_EQ(read_file("seq/a.ali"), "old");
-    EXPECT_NE(copy_file_safely("/dev/zero", path("seq/zeros")), "");
-    EXPECT_FALSE(has_file("seq/zeros"));
+    ASSERT_EQ(truncate(path("seq/a.ali").c_str(), 1'400'000), 0);
+    const FileSizeLimit lower(1'300'000);
+    EXPECT_NE(copy_file_safely(path("seq/a.ali"), path("seq/copy")), "");
+    EXPECT_FALSE(has_file("seq/copy"));
+}
+
+TEST_F(Files, OnlyRegularFilesAreCopied)
+{
+    ASSERT_EQ(mkfifo(path("seq/pipe").c_str(), 0600), 0); // opening it would wait for a writer
+    for (const std::string& from : {path("seq/pipe"), path("seq"), std::string("/dev/zero")})
+        EXPECT_EQ(copy_file_safely(from, path("seq/copy")),
+                  "Problem in opening file " + from + " (it is not a regular file)");
+    EXPECT_EQ(entries(), Names{"pipe"});
 }
 
 TEST_F(Files, AFileThatCannotBeCreatedOrPutInPlaceSaysSo)
@@ -95,6 +106,8 @@ TEST_F(Files, AFileThatCannotBeCreatedOrPutInPlaceSaysSo)
     {
         NewFile taken(path("seq/a.ali"));
         EXPECT_FALSE(taken.commit());
+        EXPECT_TRUE(taken.error().ends_with(" to " + path("seq/a.ali") + " (Is a directory)"))
+            << taken.error();
     }
     EXPECT_EQ(entries(), Names{"a.ali"});
 }
