@@ -115,15 +115,15 @@ void ReorderScreen::affich_entry(int entry) const
     const int species = cor[static_cast<std::size_t>(entry)];
     const int group = no_groupe[static_cast<std::size_t>(species)];
     const int number = new_order_[static_cast<std::size_t>(entry)];
-    select_color_groupe(group);
-    select_bk_color_groupe(group, entry == current_);
     const std::string typed = number == no_number ? "    " : text_format("%4d", number);
     const std::string name(identifier(species));
-    write(0, typed + text_format(" [%4d] %.24s ", entry + 1, name.c_str()));
+    const std::string shown = typed + text_format(" [%4d] %.24s ", entry + 1, name.c_str());
+    select_color_groupe(group);
+    select_bk_color_groupe(group, entry == current_);
+    write(0, shown);
     _setbgcolor(color::black);
     // What a longer entry left behind.
-    const int width = static_cast<int>(typed.size()) + 8 + std::min(24, static_cast<int>(name.size()));
-    write(width, std::string(column_width, ' '));
+    write(static_cast<int>(shown.size()), std::string(column_width, ' '));
 }
 
 // ---- moving -----------------------------------------------------------------------------------------------

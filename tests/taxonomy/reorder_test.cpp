@@ -133,3 +133,13 @@ TEST_F(Reorder, TheViewFollowsTheCursor)
     EXPECT_EQ(selection_error(), "");
     open({});
 }
+
+TEST_F(Reorder, NamesStandWholeAfterPositionsOfFiveDigits)
+{
+    select(10001);
+    type("PgDn*1001");
+    const int line = line_of("[10001]");
+    ASSERT_GT(line, 0);
+    EXPECT_NE(screen_line(line).find("[10001] Genus species10001@X "), std::string::npos)
+        << screen_line(line);
+}
