@@ -75,6 +75,13 @@ public:
 private:
     int count() const { return static_cast<int>(names_.size()); }
 
+    // How much of the longest name the box cuts off.
+    int hidden_columns() const
+    {
+        const auto longest = std::ranges::max(names_, {}, &std::string::size);
+        return std::max(0, static_cast<int>(longest.size()) - columns_);
+    }
+
     void affich_choice_file()
     {
         _setbgcolor(color::black);
@@ -124,7 +131,7 @@ private:
             offset_ = std::max(0, offset_ - 8);
             return;
         case key::right:
-            offset_ = std::min(std::max(0, max_listed_name - columns_), offset_ + 8);
+            offset_ = std::min(hidden_columns(), offset_ + 8);
             return;
         default:
             return;

@@ -107,6 +107,8 @@ TEST_F(Choosers, AGroupFileIsChosenOrCreated)
     EXPECT_EQ(choose_nom("Down Escape").ending, Ending::returned);
     EXPECT_EQ(result, -1);
     EXPECT_EQ(file_NOM, path("zolt/data/some.nom"));
+    choose_nom("Right Down");
+    EXPECT_EQ(line(3).substr(9, 7), "| other") << "nothing is cut off, so nothing moves sideways";
     choose_nom("Up Down Enter");
     EXPECT_EQ(file_NOM, path("zolt/data/other.nom"));
     choose_nom("Up Enter \"new\" Enter");
@@ -131,6 +133,8 @@ TEST_F(Choosers, LongListsScrollAndLongPathsAreRefused)
     choose_nom("Down*2");
     EXPECT_EQ(line(3).substr(9, 10), "| " + room.substr(0, 8));
     EXPECT_EQ(line_of("g128"), 33);
+    choose_nom("Down Right*9");
+    EXPECT_EQ(line(4).substr(11, 58), std::string(58, 'a')) << "no further than the end of the longest";
     choose_nom("Up");
     EXPECT_EQ(line_of("Create->"), 33) << "the last entry has scrolled into view";
     choose_nom("Enter");
