@@ -143,10 +143,8 @@ public:
             XShmDetach(display_, &segment_);
             XSync(display_, False);
         }
-        if (shared_) {
-            shmdt(segment_.shmaddr);
-            image_->data = nullptr;
-        }
+        if (shared_) shmdt(segment_.shmaddr);
+        if (shared_ && image_) image_->data = nullptr; // it was the segment's
         if (image_) XDestroyImage(image_);
     }
     WindowImage(const WindowImage&) = delete;
