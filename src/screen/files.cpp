@@ -99,7 +99,7 @@ void rrename(const std::string& from, const std::string& to)
 
 // ---- new files --------------------------------------------------------------------------------------------
 
-NewFile::NewFile(std::string path)
+NewFile::NewFile(const std::string& path)
     : NewFile(path, temporary_beside(path))
 {
 }

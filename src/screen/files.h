@@ -32,7 +32,7 @@ void rrename(const std::string& from, const std::string& to);
 // Nothing is left behind when it is destroyed before commit() or when any step fails.
 class NewFile {
 public:
-    explicit NewFile(std::string path); // temporary name beside it
+    explicit NewFile(const std::string& path); // temporary name beside it
     NewFile(std::string path, std::string temporary);
     ~NewFile();
     NewFile(const NewFile&) = delete;
