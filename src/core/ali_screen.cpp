@@ -31,13 +31,6 @@ namespace {
 
 constexpr int question_line = 8;
 
-void outtext_at(int line, int column, int c, std::string_view text)
-{
-    _settextposition(line, column);
-    _settextcolor(c);
-    _outtext(text);
-}
-
 std::string current_path()
 {
     return dir_SEQ + file_ALI;
@@ -193,8 +186,7 @@ void write_file_ALI()
 int verif_sauvegarde()
 {
     if (modif != 0) return ok;
-    std::fputc('\a', stdout);
-    std::fflush(stdout);
+    ring_bell();
     switch (confirme("Do you want to save your modifications?", 10)) {
     case answer_yes:
         write_file_ALI();

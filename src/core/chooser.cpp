@@ -34,13 +34,6 @@ constexpr int column_width = 32, name_width = 30;
 // The highlighted name within the page; kept from one alignment to the next.
 constinit int current = 0;
 
-void outtext_at(int line, int column, int c, std::string_view text)
-{
-    _settextposition(line, column);
-    _settextcolor(c);
-    _outtext(text);
-}
-
 void whole_screen()
 {
     _settextwindow(1, 1, _nb_line, _nb_col);

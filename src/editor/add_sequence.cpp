@@ -39,9 +39,7 @@ void clean_sequence(std::string& text)
 bool ask_for_sequence(NewSequence& entered)
 {
     window_hp(dialog_line, 1, dialog_line + 4, _nb_col, color::cyan);
-    _settextcolor(color::light_cyan);
-    _settextposition(2, 3);
-    _outtext("Name of the new species:");
+    outtext_at(2, 3, color::light_cyan, "Name of the new species:");
     _settextposition(3, 3);
     _outtext("Sequence of the new species:");
     bool in_name = true;

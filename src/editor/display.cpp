@@ -211,9 +211,7 @@ void affich_menu_affich_seq()
     _settextwindow(_nb_line - 1, 1, _nb_line, _nb_col);
     _settextposition(1, 1);
     _outtext(blanks(_nb_col)); // what another screen left between the headings
-    _settextcolor(color::light_cyan);
-    _settextposition(2, 1);
-    _outtext(padded(menus[kq_mode], std::max(menu_width, _nb_col)));
+    outtext_at(2, 1, color::light_cyan, padded(menus[kq_mode], std::max(menu_width, _nb_col)));
     affich_all_species();
     affich_all_seq(0);
 }
@@ -233,12 +231,8 @@ void affich_consensus(int first_column, int offset)
 void affich_region_bound(std::string_view label, int position, int label_column, int number_column)
 {
     if (position == -1) return;
-    _settextcolor(color::light_grey);
-    _settextposition(1, label_column);
-    _outtext(label);
-    _settextcolor(color::yellow);
-    _settextposition(1, number_column);
-    _outtext(text_format("%6d", position + 1));
+    outtext_at(1, label_column, color::light_grey, label);
+    outtext_at(1, number_column, color::yellow, text_format("%6d", position + 1));
 }
 
 } // namespace
@@ -283,9 +277,7 @@ void affich_status()
 {
     affich_cursor_numbers();
     if (opt_consensus != 0) return;
-    _settextcolor(color::yellow);
-    _settextposition(1, 40);
-    _outtext(text_format("%2d: %-30s", ens_curs + 1, ens_names[ens_curs]));
+    outtext_at(1, 40, color::yellow, text_format("%2d: %-30s", ens_curs + 1, ens_names[ens_curs]));
     _settextposition(1, 88);
     _outtext(text_format("%-4d", spec_curs + 1));
     _settextcolor(color::light_grey);

@@ -10,8 +10,6 @@
 #include "screen/strings.h"
 #include "screen/text.h"
 
-#include <cstdio>
-
 namespace kq {
 
 namespace {
@@ -41,9 +39,7 @@ int ask_count(std::string_view prompt, int right_column)
 {
     constexpr int most = 10000, text_column = 3;
     window_hp(dialog_line, 30, dialog_line + 2, right_column, color::cyan);
-    _settextcolor(color::light_cyan);
-    _settextposition(2, text_column);
-    _outtext(prompt);
+    outtext_at(2, text_column, color::light_cyan, prompt);
     const int field_column = text_column + static_cast<int>(prompt.size()) + 1;
     int count = 1;
     int pressed = 0;
@@ -58,12 +54,6 @@ int require_species()
     if (collapsed(ens_curs))
         warn(text_format("Change the type of display of the ensemble n%d before", ens_curs + 1));
     return cursor_species();
-}
-
-void ring_bell()
-{
-    std::fputc('\a', stdout);
-    std::fflush(stdout);
 }
 
 } // namespace kq

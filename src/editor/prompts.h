@@ -18,7 +18,5 @@ int ask_count(std::string_view prompt, int right_column);
 // The warning that a command works on single species only, when the cursor stands on a collapsed ensemble.
 // The species under the cursor, or -1 (also when there is no row at all, without a word).
 int require_species();
-// The BEL character on standard output.
-void ring_bell();
 
 } // namespace kq

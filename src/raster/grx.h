@@ -30,9 +30,9 @@ std::string GrDriverError();
 // destroyed). Nothing is shown any more and no key will come: the function saves what it can and ends the
 // program. When it returns, or none is set, the program ends with status 1.
 void GrSetConnectionLost(std::function<void()> lost);
-// Cuts the connection, so that the next call that needs it, a waiting GrKeyRead too, comes upon its loss; false
-// when there is none. May be called from a signal handler: so a signal ends the program at a place where it
-// uses the window, never in the middle of an edit.
+// Cuts the connection, so that the next call that needs it, a waiting GrKeyRead too, comes upon its loss;
+// false when there is none. May be called from a signal handler: so a signal ends the program at a place
+// where it uses the window, never in the middle of an edit.
 bool GrCutConnection() noexcept;
 
 int GrSizeX(); // width of the screen in pixels, 0 before the first GrSetMode

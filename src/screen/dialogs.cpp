@@ -8,6 +8,7 @@
 #include "screen/text.h"
 
 #include <algorithm>
+#include <cstdio>
 
 namespace kq {
 
@@ -16,18 +17,11 @@ namespace {
 constexpr int least_warning_width = 34;
 constexpr std::string_view any_key_legend = "Press any key to continue . . .";
 
-void text_at(int line, int column, int c, std::string_view text)
-{
-    _settextposition(line, column);
-    _settextcolor(c);
-    _outtext(text);
-}
-
 void text_rows(int line, int c, const std::vector<std::string>& rows)
 {
     const int last = x2_win - x1_win; // the line above the frame's
     for (const std::string& row : rows) {
-        if (line <= last) text_at(line, 3, c, row);
+        if (line <= last) outtext_at(line, 3, c, row);
         line++;
     }
 }
@@ -57,6 +51,12 @@ void open_message_box(std::string_view message, std::string_view legend, int lin
 
 } // namespace
 
+void ring_bell()
+{
+    std::fputc('\a', stdout);
+    std::fflush(stdout);
+}
+
 void affich_avert(std::string_view message, int line)
 {
     open_message_box(message, any_key_legend, line, least_warning_width);
@@ -76,7 +76,7 @@ void affich_progress(std::string_view message, int line, int c1, int c2, int c)
     _setbgcolor(color::black);
     window_hp(line, c1, line + 2, c2, c);
     const int room = y2_win - y1_win - 2;
-    text_at(2, 3, c, message.substr(0, static_cast<std::size_t>(std::max(room, 0))));
+    outtext_at(2, 3, c, message.substr(0, static_cast<std::size_t>(std::max(room, 0))));
     present_screen();
 }
 
@@ -86,7 +86,7 @@ void color_case_confirme(int which, bool highlighted, int column)
 {
     const bool yes = which == answer_yes;
     const char* const text = yes ? (highlighted ? "(Yes)" : " Yes ") : (highlighted ? "(No)" : " No ");
-    text_at(2, yes ? column : column + 8, highlighted ? color::yellow : color::red, text);
+    outtext_at(2, yes ? column : column + 8, highlighted ? color::yellow : color::red, text);
 }
 
 namespace {
@@ -174,8 +174,8 @@ int confirme_ecrase_file(const std::string& path, int line)
 
 void _color_case_option(std::span<const std::string_view> labels, int width, int index, bool highlighted)
 {
-    text_at(index + 2, 3, highlighted ? color::yellow : color::green,
-            padded(labels[static_cast<std::size_t>(index)], width));
+    outtext_at(index + 2, 3, highlighted ? color::yellow : color::green,
+               padded(labels[static_cast<std::size_t>(index)], width));
 }
 
 namespace {

@@ -23,6 +23,8 @@ bool affich_avert_no_key(std::string_view message, int line);
 // 2, columns c1 to c2, framed and written in `c`; shown at once.
 void affich_progress(std::string_view message, int line, int c1, int c2, int c);
 
+void ring_bell(); // the BEL character on standard output
+
 enum Answer : int { answer_yes = 0, answer_no = 1, answer_escape = -1 };
 Answer confirme(std::string_view question, int line);
 void color_case_confirme(int which, bool highlighted, int column);

@@ -95,9 +95,7 @@ private:
         const std::size_t length = shown.size();
         shown.resize(std::max(length, drawn_), ' '); // blanks over what was there before
         drawn_ = length;
-        _settextcolor(c);
-        _settextposition(line_, column_);
-        _outtext(shown);
+        outtext_at(line_, column_, c, shown);
     }
 
     std::string& text_;
@@ -256,9 +254,7 @@ int open_name_box(std::string_view prompt, int line)
     const int left = std::max(1, (_nb_col - width - 1) / 2);
     window_hp(line, left, line + 2, std::min(left + width, _nb_col), color::cyan);
     const int room = y2_win - y1_win - 2;
-    _settextposition(2, 3);
-    _settextcolor(color::light_cyan);
-    _outtext(prompt.substr(0, static_cast<std::size_t>(std::max(0, room))));
+    outtext_at(2, 3, color::light_cyan, prompt.substr(0, static_cast<std::size_t>(std::max(0, room))));
     return field;
 }
 

@@ -70,9 +70,8 @@ int _affich_page_aide(std::string_view page_name, int page)
         _settextposition(i - first + 1, 1);
         _outtext(lines[static_cast<std::size_t>(i)]);
     }
-    _settextcolor(color::light_cyan);
-    _settextposition(nb_line_page + 2, 1);
-    _outtext(legend(page).substr(0, static_cast<std::size_t>(std::max(0, window_width()))));
+    outtext_at(nb_line_page + 2, 1, color::light_cyan,
+               legend(page).substr(0, static_cast<std::size_t>(std::max(0, window_width()))));
     for (;;) {
         const int pressed = GrKeyRead();
         if (pressed == key::escape || (pressed == key::f7 && page > 0) ||

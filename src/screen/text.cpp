@@ -195,6 +195,19 @@ void _setbgcolor(int c)
     bgcolor_c = c;
 }
 
+void outtext_at(int l, int c, int text_color, std::string_view text)
+{
+    _settextposition(l, c);
+    _settextcolor(text_color);
+    _outtext(text);
+}
+
+void outtext_inside(int l, int c, int text_color, std::string_view text)
+{
+    const int room = std::max(0, y2_win - y1_win + 1 - c);
+    outtext_at(l, c, text_color, text.substr(0, static_cast<std::size_t>(room)));
+}
+
 void _clearscreen(int mode)
 {
     if (mode == 0)

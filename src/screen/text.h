@@ -62,6 +62,10 @@ void _outchar(char c);
 void _outcells(int line, int column, std::span<const Cell> cells);
 void _settextcolor(int c);
 void _setbgcolor(int c);
+// Text in a colour at a cell of the window: the calls above in one.
+void outtext_at(int l, int c, int text_color, std::string_view text);
+// The same, cut before the last column of the window, which a frame may stand in.
+void outtext_inside(int l, int c, int text_color, std::string_view text);
 // 1 = current text window, 0 = whole screen; fills with colour 0.
 void _clearscreen(int mode);
 

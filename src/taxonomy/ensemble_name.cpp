@@ -24,9 +24,8 @@ void ask_for_ensemble_name(int ens, std::string_view proposal)
     const int shown_columns = y2_win - y1_win + 1;
     // In a narrow window the field needs the room more than the end of the prompt does.
     const int field = std::max(prompt_column, std::min(field_column, shown_columns - 12));
-    _settextposition(2, prompt_column);
-    _settextcolor(color::light_cyan);
-    _outtext(prompt.substr(0, static_cast<std::size_t>(field - prompt_column)));
+    outtext_at(2, prompt_column, color::light_cyan,
+               prompt.substr(0, static_cast<std::size_t>(field - prompt_column)));
 
     std::string name(proposal.substr(0, longest_name));
     int pressed = 0;

@@ -22,14 +22,6 @@ namespace {
 constexpr int screen_columns = 80; // of the frame around the list
 constexpr int scroll_step = 10;
 
-void text_at(int line, int column, int c, std::string_view text)
-{
-    const int room = y2_win - y1_win + 1 - column;
-    _settextposition(line, column);
-    _settextcolor(c);
-    _outtext(text.substr(0, static_cast<std::size_t>(std::max(room, 0))));
-}
-
 } // namespace
 
 int confirme_choice_frame(int index)
@@ -41,10 +33,11 @@ int confirme_choice_frame(int index)
     }
     const FraHeader header = parse_fra_header(read_text_file(path));
     window_hp(3, 3, 9, 78, color::cyan);
-    text_at(2, 3, color::light_green, "Systematic frame: " + path);
-    text_at(3, 3, color::light_green, "Version of " + header.version);
-    text_at(4, 3, color::light_green, text_format("There are %d terminal nodes", header.terminal_nodes));
-    text_at(6, 3, color::light_cyan, "ENTER:Confirm   ESCAPE:Cancel");
+    outtext_inside(2, 3, color::light_green, "Systematic frame: " + path);
+    outtext_inside(3, 3, color::light_green, "Version of " + header.version);
+    outtext_inside(4, 3, color::light_green,
+                   text_format("There are %d terminal nodes", header.terminal_nodes));
+    outtext_inside(6, 3, color::light_cyan, "ENTER:Confirm   ESCAPE:Cancel");
     int pressed = 0;
     do
         pressed = GrKeyRead();
@@ -84,7 +77,7 @@ private:
         _settextwindow(1, 1, _nb_line, _nb_col);
         _clearscreen(0);
         window_hp(1, 1, _nb_line, screen_columns, color::light_grey);
-        text_at(2, 10, color::magenta, "List of existing systematic frames:");
+        outtext_inside(2, 10, color::magenta, "List of existing systematic frames:");
     }
 
     void affich_list() const
@@ -92,8 +85,9 @@ private:
         const Box box = fit_box({3, 3, _nb_line - 1, screen_columns - 2});
         _settextwindow(box.l1, box.c1, box.l2, box.c2);
         for (int row = 0; row < rows_; row++)
-            text_at(row + 1, 1, dec_liste + row == current_ ? color::yellow : color::light_grey,
-                    padded(file_frame[static_cast<std::size_t>(dec_liste + row)], box.c2 - box.c1 - 1));
+            outtext_inside(
+                row + 1, 1, dec_liste + row == current_ ? color::yellow : color::light_grey,
+                padded(file_frame[static_cast<std::size_t>(dec_liste + row)], box.c2 - box.c1 - 1));
     }
 
     int last_page() const { return nb_frame - rows_; }

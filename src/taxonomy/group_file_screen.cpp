@@ -89,9 +89,7 @@ private:
         window_hp(box_.l1, box_.c1, box_.l2, box_.c2, color::cyan);
         rows_ = std::max(1, box_.l2 - box_.l1 - 2);
         columns_ = std::clamp(box_.c2 - box_.c1 - 2, 1, entry_width);
-        _settextposition(2, 3);
-        _settextcolor(color::magenta);
-        _outtext(kind_.title.substr(0, static_cast<std::size_t>(columns_)));
+        outtext_at(2, 3, color::magenta, kind_.title.substr(0, static_cast<std::size_t>(columns_)));
     }
 
     // The title takes the first line, so that the list begins one line lower than a menu's.

@@ -25,20 +25,6 @@ constexpr int lines_around_list = 4; // frame, title, legend, frame
 constexpr int entries_of_a_page = 10;
 constexpr int redraw_tree = 2, redraw_all = 3;
 
-void ring_bell()
-{
-    std::fputc('\a', stdout);
-    std::fflush(stdout);
-}
-
-void text_at(int line, int column, int c, std::string_view text)
-{
-    const int room = std::max(0, y2_win - y1_win - column + 1);
-    _settextposition(line, column);
-    _settextcolor(c);
-    _outtext(text.substr(0, static_cast<std::size_t>(room)));
-}
-
 } // namespace
 
 int gere_reorder_specie_retenue()
@@ -83,9 +69,9 @@ void ReorderScreen::affich_screen() const
 {
     _setbgcolor(color::black);
     window_hp(1, 1, _nb_line, _nb_col, color::light_grey);
-    text_at(2, std::min(24, std::max(3, _nb_col - 25)), color::magenta, "List of species selected");
-    text_at(_nb_line - 1, 3, color::light_cyan,
-            "F1:Help F2:Reorder F3:Reorder and return ESCAPE:Return without reordering");
+    outtext_inside(2, std::min(24, std::max(3, _nb_col - 25)), color::magenta, "List of species selected");
+    outtext_inside(_nb_line - 1, 3, color::light_cyan,
+                   "F1:Help F2:Reorder F3:Reorder and return ESCAPE:Return without reordering");
 }
 
 void ReorderScreen::affich_list() const

@@ -40,9 +40,7 @@ void use_whole_screen()
 void text_at(int line, int column, int c, std::string_view text, int last)
 {
     const int room = std::max(0, last - column + 1);
-    _settextposition(line, column);
-    _settextcolor(c);
-    _outtext(text.substr(0, static_cast<std::size_t>(room)));
+    outtext_at(line, column, c, text.substr(0, static_cast<std::size_t>(room)));
 }
 
 // ---- from the tree to the screen --------------------------------------------------------------------------
