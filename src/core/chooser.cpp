@@ -130,7 +130,7 @@ void Chooser::affich_choice_File() const
 
     const int middle = 5 * _gr_size_x - _gr_size_x / 2;
     _settextcolor(color::light_grey);
-    _moveto(_gr_size_y / 2, middle);
+    _moveto(_gr_size_y - _gr_size_y / 2, middle);
     _lineto(_nb_col * _gr_size_y - _gr_size_y / 2, middle);
     affich_bandeau();
     affich_all_case_choice_File();
