@@ -134,7 +134,10 @@ std::string_view shown_name(const node& n)
 void draw_arrow(const node& head, int c)
 {
     const int name_width = static_cast<int>(shown_name(head).size()) * _gr_size_y;
-    const int x = maxgraph + _gr_size_y + name_width + 3, tip = x + arrow_length;
+    const int x = maxgraph + _gr_size_y + name_width + 3;
+    // After a long name the arrow is as short as it takes to leave the counts readable.
+    const int before_counts = (counts_column() - 1) * _gr_size_y - 1;
+    const int tip = std::clamp(before_counts, x + arrow_head, x + arrow_length);
     const int y = pixel_y(head.y);
     _settextcolor(c);
     horizontal_line(x, tip, y);

@@ -107,6 +107,23 @@ TEST_F(Tree, ASubtreeHasAViewOfItsOwn)
     EXPECT_SCREEN("tree_back_from_subtree");
 }
 
+TEST_F(Tree, TheArrowAfterALongNameLeavesTheCountsReadable)
+{
+    load_five_leaves();
+    std::string frame(five_leaves);
+    frame.replace(frame.find("Sub"), 3, "A_name_of_21_letters_");
+    write_file("zoltexe/FIVE.fra", "1 May\n" + frame + "\n");
+    read_taxonomy("FIVE", "five");
+    play_tree("");
+    const int l = line_of("A_name_of_21_letters_");
+    for (const char* keys : {"", "Up Up Down Down", "Up Up Down Down F2 Up"}) {
+        play_tree(keys);
+        EXPECT_NE(screen_cell(l, 69).shape, 0) << keys;
+        for (int column = 70; column <= 80; column++)
+            EXPECT_EQ(screen_cell(l, column).shape, 0) << keys << ", column " << column;
+    }
+}
+
 TEST_F(Tree, SelectionKeysTakeWhatTheySay)
 {
     load_five_leaves();
