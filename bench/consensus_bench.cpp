@@ -122,12 +122,15 @@ const int registered = [] {
     for (int i = 0; i < 3; i++) {
         const auto add = [i](const char* name, void (*run)(benchmark::State&)) {
             const auto& size = bench::sizes[i];
-            const auto label = std::string(name) + "/" + std::to_string(size.species) + "x" +
-                               std::to_string(size.columns);
-            benchmark::RegisterBenchmark(label.c_str(), [i, run](benchmark::State& state) {
-                bench::load(i);
-                run(state);
-            })->Unit(benchmark::kMillisecond)->UseRealTime();
+            const auto label =
+                std::string(name) + "/" + std::to_string(size.species) + "x" + std::to_string(size.columns);
+            benchmark::RegisterBenchmark(label.c_str(),
+                                         [i, run](benchmark::State& state) {
+                                             bench::load(i);
+                                             run(state);
+                                         })
+                ->Unit(benchmark::kMillisecond)
+                ->UseRealTime();
         };
         add("MarkColumns", MarkColumns);
         add("MarkColumnsPlain", MarkColumnsPlain);
