@@ -161,6 +161,7 @@ Redraw create_ensemble_key()
         return leave_editor;
     }
     compute_consensus(ensemble);
+    compute_ligne_consensus(); // counts the new members
     nb_spec_affich = count_display_rows();
     init_param();
     return redraw_screen;

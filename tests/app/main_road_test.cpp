@@ -123,6 +123,23 @@ TEST_F(MainRoad, SequencesAreShortenedDestroyedAndAddedAndTheNextAlignmentOpens)
     EXPECT_NE(read_file("seq/ovomucoid.bak").find('\n' + name + '\n'), std::string::npos);
 }
 
+TEST_F(MainRoad, ASecondEnsembleIsCountedInTheConsensusLineAtOnce)
+{
+    write_file("zolt/data/kq_aff.sys", "0\n1\n0\n0\n1\n"); // every column, consensus of the ensembles
+    remember("BIRDS", "demo");
+    constexpr std::string_view one_leaf = "Home Up F2 F3 Esc ";
+    const auto consensus_line = [&](std::string_view script) {
+        kq::chooser_reset();
+        EXPECT_EQ(run(keys({open_ovomucoid, one_leaf, script})), Ending::script_ended);
+        return line(33).substr(29);
+    };
+    const auto of_one = consensus_line("Home");
+    const auto of_both = consensus_line("F3 \"Y\" Home F2 F3 Esc Home");
+    EXPECT_EQ(kq::nb_ens, 2);
+    EXPECT_NE(of_both, of_one) << "the second ensemble makes no difference";
+    EXPECT_EQ(of_both, consensus_line("F3 \"Y\" Home F2 F3 Esc S-F12 Home"));
+}
+
 TEST_F(MainRoad, UnsavedWorkIsAskedForAndCanBeLeftBehind)
 {
     const std::string before = read_file("seq/ovomucoid.ali");
