@@ -33,12 +33,14 @@ void sequence_changed()
 
 Redraw type_residue(char c)
 {
-    if (!insert_residue(cursor_species(), cursor_position(), c)) {
+    const int position = cursor_position();
+    if (!insert_residue(cursor_species(), position, c)) {
         ring_bell();
         return redraw_none;
     }
     sequence_changed();
-    deplace_site_droite(1);
+    // A gap that hides its column has taken the cursor past itself already.
+    if (cursor_position() == position) deplace_site_droite(1);
     return redraw_sequences;
 }
 
