@@ -171,6 +171,14 @@ void overwrite(int species, int p, std::string_view text)
     std::memcpy(row_storage(species) + p, text.data(), text.size());
 }
 
+void replace_text(int species, std::string_view text)
+{
+    assert(std::ssize(text) < lenseq_tot);
+    const RowChange watch(species, 0, nb_nuc_tot);
+    std::memcpy(row_storage(species), text.data(), text.size());
+    set_length(species, static_cast<int>(text.size()));
+}
+
 bool insert_residue(int species, int p, char c)
 {
     const int new_length = std::max(length_of(species), p) + 1;

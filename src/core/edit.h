@@ -50,6 +50,8 @@ bool all_editable_gaps(const Rows& rows, int p);
 // Replaces text.size() characters from p on; p + text.size() <= nb_nuc_tot. A shorter row is filled up with
 // blanks first.
 void overwrite(int species, int p, std::string_view text);
+// Replaces the whole text of a row, the part beyond nb_nuc_tot included; shorter than a row's stride.
+void replace_text(int species, std::string_view text);
 
 // Typing into a primary sequence: the row's own text grows or shrinks by one, the alignment keeps its length.
 // insert_residue returns false when the row has reached one byte before its stride, or the longest line that

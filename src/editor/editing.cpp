@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace kq {
 
@@ -33,13 +34,21 @@ int possible_growth(int n)
     return n;
 }
 
-// The columns of a species, filled up with blanks to the alignment's length.
-std::string columns_of(int species)
+// The text of a species, filled up with blanks to the alignment's length; longer where residues were typed.
+std::string whole_text(int species)
 {
     const auto text = row(species);
-    std::string columns(text.data(), std::min(text.size(), static_cast<std::size_t>(nb_nuc_tot)));
-    columns.resize(static_cast<std::size_t>(nb_nuc_tot), ' ');
-    return columns;
+    std::string whole(text.data(), text.size());
+    whole.resize(std::max(whole.size(), static_cast<std::size_t>(nb_nuc_tot)), ' ');
+    return whole;
+}
+
+// Puts the changed text back, without blanks beyond the alignment.
+void put_text(int species, std::string text)
+{
+    while (std::ssize(text) > nb_nuc_tot && text.back() == ' ')
+        text.pop_back();
+    replace_text(species, text);
 }
 
 // Closes up the gaps of text[first, last) to the left, the last ones first, at most `most` of them; blanks
@@ -134,11 +143,11 @@ void remove_gap_gauche()
     if (species < 0) return;
     const int n = ask_count("Number of gaps to be removed on the left of cursor =", wide_box_right);
     if (n == 0) return;
-    std::string text = columns_of(species);
+    std::string text = whole_text(species);
     const int removed = close_gaps(text, 0, cursor_position() + 1, n);
     if (removed > 0) {
         mark_changed();
-        overwrite(species, 0, text);
+        put_text(species, std::move(text));
     }
     if (removed < n) warn(text_format("Only %d gaps out of %d have been removed", removed, n));
 }
@@ -148,10 +157,11 @@ void remove_gap_droite()
     const int species = require_species();
     if (species < 0) return;
     if (!confirmed("Do you want to remove all the gaps on the right of cursor?")) return;
-    std::string text = columns_of(species);
-    if (close_gaps(text, cursor_position(), nb_nuc_tot, nb_nuc_tot) == 0) return;
+    std::string text = whole_text(species);
+    const int end = static_cast<int>(text.size());
+    if (close_gaps(text, cursor_position(), end, end) == 0) return;
     mark_changed();
-    overwrite(species, 0, text);
+    put_text(species, std::move(text));
 }
 
 void supprime_gap()
@@ -161,9 +171,10 @@ void supprime_gap()
     const auto question = "Do you want to remove gaps in " + std::string(identifier(species));
     if (!confirmed(question)) return;
     mark_changed();
-    std::string text = columns_of(species);
-    close_gaps(text, 0, nb_nuc_tot, nb_nuc_tot);
-    overwrite(species, 0, text);
+    std::string text = whole_text(species);
+    const int end = static_cast<int>(text.size());
+    close_gaps(text, 0, end, end);
+    put_text(species, std::move(text));
     reactualise(ens_curs);
     goto_debut();
 }
@@ -174,10 +185,9 @@ namespace {
 
 void shorten_right(int species, int position)
 {
-    overwrite(species, position,
-              "XXX" + std::string(static_cast<std::size_t>(nb_nuc_tot - position - 3), ' '));
-    while (row_length[static_cast<std::size_t>(species)] > nb_nuc_tot)
-        delete_residue(species, row_length[static_cast<std::size_t>(species)] - 1);
+    std::string text = whole_text(species).substr(0, static_cast<std::size_t>(position)) + "XXX";
+    text.resize(static_cast<std::size_t>(nb_nuc_tot), ' ');
+    put_text(species, std::move(text));
 }
 
 void shorten_left(int species, int position)
@@ -214,17 +224,14 @@ void sequence_partielle()
     const auto question = text_format("Is %s partial?", identifier(species).data());
     if (!confirmed(question)) return;
 
-    const auto text = row(species);
+    std::string text = whole_text(species);
     const auto is_letter = [](char c) { return c >= 'A' && c <= 'Z'; };
     const auto first = std::find_if(text.begin(), text.end(), is_letter);
     if (first == text.end()) return;
-    const auto after = std::find_if(text.rbegin(), text.rend(), is_letter).base();
-    const auto before_first = static_cast<std::size_t>(first - text.begin());
-    const auto end = static_cast<std::size_t>(after - text.begin());
-    std::string columns = columns_of(species);
-    for (std::size_t p = 0; p < columns.size(); p++)
-        if (p < before_first || p >= end) columns[p] = ' ';
-    overwrite(species, 0, columns);
+    const auto after_last = std::find_if(text.rbegin(), text.rend(), is_letter).base();
+    std::fill(text.begin(), first, ' ');
+    std::fill(after_last, text.end(), ' ');
+    put_text(species, std::move(text));
 }
 
 } // namespace kq

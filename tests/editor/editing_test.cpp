@@ -216,6 +216,10 @@ TEST_F(EditingTest, APrimarySequenceIsTyped)
          false},
         {"not without a yes", {"ACGT"}, R"(S-F8 N "TTT")", {"ACGT"}, false},
         {"beyond the row's text", {"ACGT", "ACGTACGT"}, "S-F8 Y End T Escape", {"ACGT   T ", "ACGTACGT"}},
+        {"a gap that hides its column leaves the cursor behind itself",
+         {"ACGT"},
+         R"(S-F8 Y Right "*A" Escape)",
+         {"A*ACGT"}},
         {"nothing to delete there", {"AC  ", "ACGT"}, "S-F8 Y Delete*4 Escape", {"", "ACGT"}},
     };
     for (const auto& c : cases) {
@@ -238,4 +242,23 @@ TEST_F(EditingTest, RowsOfOtherLengthsStayWhole)
     edit("X Y Enter"); // shortened on the right, the text beyond goes too
     EXPECT_EQ(sequence(0), "XXX" + std::string(static_cast<std::size_t>(nb_nuc_tot) - 3, ' '));
     EXPECT_EQ(view_error() + store_error() + columns_error(), "");
+}
+
+// Text beyond the alignment's last column closes up with the rest, so that it comes into sight.
+TEST_F(EditingTest, GapsAreTakenOutOfTheWholeText)
+{
+    const struct {
+        const char *keys, *after;
+    } cases[] = {
+        {"End U Y", "AGCCT"}, {"End S-F3 Enter", "AGCCT"},    {"Home S-F4 Y", "AGCCT"},
+        {"P Y", "A*GCCT"},    {"Right*2 BackSpace", "AGCCT"},
+    };
+    for (const auto& c : cases) {
+        load({"A*GT", "ACGT"});
+        edit(R"(S-F8 Y End "CC" Escape)");
+        ASSERT_EQ(sequence(0), "A*GCCT");
+        edit(c.keys);
+        EXPECT_EQ(sequence(0), c.after) << c.keys;
+        EXPECT_EQ(view_error() + store_error() + columns_error(), "") << c.keys;
+    }
 }
