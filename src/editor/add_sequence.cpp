@@ -16,6 +16,7 @@
 #include "taxonomy/frame.h"
 #include "taxonomy/selection.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,19 @@ void clean_sequence(std::string& text)
     std::erase_if(text, [letters](char c) { return letters.find(c) == std::string_view::npos; });
 }
 
+constexpr int sequence_line = 4, sequence_column = 3;
+
+// The sequence as a field at rest, over what was typed.
+void show_sequence(const std::string& text)
+{
+    const int room = std::max(_nb_col - sequence_column, 1);
+    std::string shown = text.substr(0, static_cast<std::size_t>(room));
+    shown.resize(static_cast<std::size_t>(room), ' ');
+    _settextcolor(color::light_green);
+    _settextposition(sequence_line, sequence_column);
+    _outtext(shown);
+}
+
 // The form with its two fields: false on ESCAPE.
 bool ask_for_sequence(NewSequence& entered)
 {
@@ -45,8 +59,11 @@ bool ask_for_sequence(NewSequence& entered)
     bool in_name = true;
     for (;;) {
         const int pressed = in_name ? input_texte(entered.name, identifier_size - 1, 2, 28)
-                                    : input_texte(entered.text, nb_nuc_tot, 4, 3);
-        if (!in_name) clean_sequence(entered.text);
+                                    : input_texte(entered.text, nb_nuc_tot, sequence_line, sequence_column);
+        if (!in_name) {
+            clean_sequence(entered.text);
+            show_sequence(entered.text);
+        }
         if (pressed == key::escape) return false;
         const bool validates = pressed == key::enter || pressed == key::down;
         if (in_name) {

@@ -148,6 +148,8 @@ TEST_F(SpeciesTest, ASequenceIsAdded)
     edit("S-F9 Q Enter A Escape");
     EXPECT_EQ(nb_spec, 4);
     expect_whole("shorter");
+    edit(R"(S-F9 N Enter "ac-g$?n*t" Up)");
+    EXPECT_EQ(line(8), "| ACGN*T" + std::string(71, ' ') + "|") << "only what counts is left on the screen";
 }
 
 TEST_F(SpeciesTest, AnEnsembleTakesTenThousandSpecies)
