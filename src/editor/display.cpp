@@ -216,6 +216,24 @@ void affich_menu_affich_seq()
     affich_all_seq(0);
 }
 
+namespace {
+
+// Columns of the status line, counted from the left edge of the screen.
+constexpr int ensemble_heading_column = area_column, ensemble_column = 40, species_heading_column = 79;
+constexpr int species_after_heading = 9; // columns from the heading to the number
+
+// How far the species' heading and number move left to stay in a window too narrow for them. The name of the
+// ensemble gives way; a window without room for that much either shows neither heading nor number.
+int species_shift()
+{
+    constexpr int last_column = species_heading_column + species_after_heading + 3;
+    constexpr int most = 25; // of the 34 columns of the ensemble
+    const int missing = std::max(last_column - _nb_col, 0);
+    return missing > most ? 0 : missing;
+}
+
+} // namespace
+
 // ---- the line under the area ------------------------------------------------------------------------------
 
 namespace {
@@ -252,9 +270,9 @@ void affich_penultimate_line(int first_column, int offset)
     } else if (kq_mode == 0 && opt_consensus != 0) {
         affich_consensus(first_column, offset);
     } else if (kq_mode == 0) {
-        _settextposition(1, 1);
+        _settextposition(1, ensemble_heading_column - area_column + 1);
         _outtext("#Ensemble");
-        _settextposition(1, 50);
+        _settextposition(1, species_heading_column - area_column + 1 - species_shift());
         _outtext("#Species");
     }
     set_colours({});
@@ -277,8 +295,11 @@ void affich_status()
 {
     affich_cursor_numbers();
     if (opt_consensus != 0) return;
-    outtext_at(1, 40, color::yellow, text_format("%2d: %-30s", ens_curs + 1, ens_names[ens_curs]));
-    _settextposition(1, 88);
+    const int shift = species_shift();
+    const auto ensemble = text_format("%2d: %-30s", ens_curs + 1, ens_names[ens_curs]);
+    const int room = species_heading_column - 1 - ensemble_column - shift;
+    outtext_at(1, ensemble_column, color::yellow, ensemble.substr(0, static_cast<std::size_t>(room)));
+    _settextposition(1, species_heading_column + species_after_heading - shift);
     _outtext(text_format("%-4d", spec_curs + 1));
     _settextcolor(color::light_grey);
 }

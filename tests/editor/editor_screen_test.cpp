@@ -91,6 +91,11 @@ TEST_F(EditorScreenTest, CountsResiduesAndNamesTheRow)
     EXPECT_EQ(line(6).substr(28, 1), "<");
     EXPECT_EQ(color_at(6, 29), color::yellow);
     EXPECT_EQ(line(1).substr(28, 1), " ");
+
+    open({.lines = 20, .columns = 80}); // the species' number moves into the window
+    set_ensemble_name(0, "an ensemble with a long name");
+    edit("Down*3");
+    EXPECT_EQ(line(19).substr(29), "#Ensemble  1: an ensemble with a long #Species 4");
 }
 
 TEST_F(EditorScreenTest, DialogsLeaveNoTraces)
