@@ -49,7 +49,8 @@ std::string shipped_file(const std::string& name)
 {
     const std::string own = dir_ZOLTEXE + name;
     if (exists(own)) return own;
-    const std::string installed = std::string(KQ_SHARE_DIRECTORY) + "/" + name;
+    const char* share = std::getenv("KQ_SHARE");
+    const std::string installed = std::string(share ? share : KQ_SHARE_DIRECTORY) + "/" + name;
     return exists(installed) ? installed : own;
 }
 

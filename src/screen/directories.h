@@ -20,7 +20,8 @@ extern std::string dir_TYPE;    // kept for the package
 void init_dir();
 
 // The path of a file that ships with the program (help page, font, matrix): in dir_ZOLTEXE when it is there,
-// else in the installation's share directory when it is there, else the dir_ZOLTEXE path.
+// else in the installation's share directory (or the one that KQ_SHARE names) when it is there, else the
+// dir_ZOLTEXE path.
 std::string shipped_file(const std::string& name);
 
 } // namespace kq

@@ -57,6 +57,7 @@ ScreenSession::ScreenSession(const Geometry& geometry)
     setenv("KQ_SCREENS", root_.c_str(), 1);
     setenv("ZOLT", root_.c_str(), 1);
     setenv("ZOLTEXE", root_.c_str(), 1);
+    setenv("KQ_SHARE", "", 1); // what is installed on this machine does not count
     redirect_errors(&errors_);
     set_end_handler([](int status) { throw ProgramEnd{status}; });
     set_rescue(nullptr);
