@@ -56,7 +56,7 @@ void forget_alignment()
     reset_ensembles();
     opt_evalue = 0;
     nb_family = 0;
-    proot = nullptr;
+    free_frame(proot); // one that a test has left behind
 }
 
 // From the choice of an alignment to its release.
