@@ -27,10 +27,18 @@ namespace kq {
 
 namespace {
 
-// Draws what an edit at the cursor changed: from the cursor on, or all rows when the area has scrolled.
+bool any_collapsed()
+{
+    for (int ensemble = 0; ensemble < nb_ens; ensemble++)
+        if (collapsed(ensemble)) return true;
+    return false;
+}
+
+// Draws what an edit at the cursor changed: from the cursor on, or all rows when the area has scrolled. The
+// consensus of an ensemble may have caught up with earlier edits left of the cursor.
 Redraw draw_from_cursor(int first_position_before)
 {
-    if (dec_pos_curs != first_position_before) return redraw_sequences;
+    if (dec_pos_curs != first_position_before || any_collapsed()) return redraw_sequences;
     affich_all_seq(pos_curs);
     return redraw_none;
 }

@@ -98,6 +98,17 @@ TEST_F(EditorScreenTest, CountsResiduesAndNamesTheRow)
     EXPECT_EQ(line(19).substr(29), "#Ensemble  1: an ensemble with a long #Species 4");
 }
 
+TEST_F(EditorScreenTest, AConsensusThatCatchesUpIsShownWhole)
+{
+    load({"A*CGTACGT*", "ACCGTACGT*"}, {{0}, {0, 1}});
+    opt_tiret = opt_nogap = 1;
+    // The deletion brings the cursor's ensemble up to date, the insertion all of them.
+    edit("Down E Right Delete Right*5 *");
+    EXPECT_EQ(area(1), "ACGTAC*GT*");
+    EXPECT_EQ(std::string(seq_cons[1]), "ACGTTC*GT*");
+    EXPECT_EQ(area(2), seq_cons[1]);
+}
+
 TEST_F(EditorScreenTest, DialogsLeaveNoTraces)
 {
     open({.lines = 24, .columns = 100});
