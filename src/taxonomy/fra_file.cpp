@@ -122,7 +122,7 @@ Lines split_lines(std::string_view text)
     const std::string_view rest = text.substr(first + 1);
     const std::size_t second = rest.find('\n');
     lines.frame = rest.substr(0, second);
-    lines.frame_ended = second != std::string_view::npos && second <= max_frame_line;
+    lines.frame_ended = second <= max_frame_line; // npos, no newline, is beyond any limit
     return lines;
 }
 
