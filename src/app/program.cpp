@@ -39,7 +39,7 @@ void start_up()
     read_config_pyx();
     open_window(program_title);
     build_color_scale();
-    if (list_files(dir_SEQ, ".ali").empty()) {
+    if (compte_nb_file(dir_SEQ, ".ali") == 0) {
         affich_avert("There is no file for this program", 10);
         end_program(1);
     }

@@ -67,7 +67,7 @@ void Chooser::init_choice_File()
 {
     nbline_file_ALI = _nb_line - 7;
     max_file_ALI = std::max(1, (_nb_col - 4) / column_width) * nbline_file_ALI;
-    nb_file_ALI = static_cast<int>(list_files(dir_SEQ, ".ali").size());
+    nb_file_ALI = compte_nb_file(dir_SEQ, ".ali");
     nb_page = std::max(0, nb_file_ALI - 1) / max_file_ALI + 1;
     no_page = 0;
     read_name_file_ALI();
@@ -78,7 +78,7 @@ void Chooser::init_choice_File()
 // listing starts again.
 void Chooser::read_name_file_ALI()
 {
-    const auto names = list_files(dir_SEQ, ".ali");
+    const auto names = read_name_file(dir_SEQ, ".ali");
     if (names.empty()) {
         affich_avert("There is no file for this program", 10);
         end_program(1);

@@ -214,7 +214,7 @@ std::string cannot_write(const std::string& directory, unsigned long long bytes)
     return "";
 }
 
-std::vector<std::string> list_files(const std::string& directory, std::string_view suffix)
+std::vector<std::string> read_name_file(const std::string& directory, std::string_view suffix)
 {
     std::vector<std::string> names;
     const std::unique_ptr<DIR, int (*)(DIR*)> entries{opendir(directory.c_str()), closedir};
@@ -230,6 +230,11 @@ std::vector<std::string> list_files(const std::string& directory, std::string_vi
     // std::string compares its characters as unsigned bytes.
     std::sort(names.begin(), names.end());
     return names;
+}
+
+int compte_nb_file(const std::string& directory, std::string_view suffix)
+{
+    return static_cast<int>(read_name_file(directory, suffix).size());
 }
 
 std::string with_extension(std::string_view path, std::string_view extension)

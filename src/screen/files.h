@@ -62,7 +62,8 @@ std::string cannot_write(const std::string& directory, unsigned long long bytes)
 
 // The names (without directory) of the entries of `directory` ending in `suffix`, in byte order; names that
 // begin with "." are left out.
-std::vector<std::string> list_files(const std::string& directory, std::string_view suffix);
+std::vector<std::string> read_name_file(const std::string& directory, std::string_view suffix);
+int compte_nb_file(const std::string& directory, std::string_view suffix); // how many there are
 
 // What went wrong with a file and the system's reason (errno), for a warning: "<what> <path> (<reason>)".
 std::string file_problem(std::string_view what, std::string_view path, int error_number);

@@ -55,7 +55,7 @@ std::string frame_path(int frame)
 
 void read_all_frame()
 {
-    file_frame = list_files(dir_ZOLTEXE, ".fra");
+    file_frame = read_name_file(dir_ZOLTEXE, ".fra");
     if (file_frame.empty())
         erreur_fatale("There is no systematic frames (file .fra in the directory ZOLTEXE). "
                       "Create them using the program VORTANEL");

@@ -44,7 +44,7 @@ public:
         : kind_(kind)
     {
         const std::string suffix = "." + std::string(kind.extension);
-        for (const std::string& file : list_files(dir_DATA, suffix)) {
+        for (const std::string& file : read_name_file(dir_DATA, suffix)) {
             std::string name = listed_name(dir_DATA, file);
             if (name.size() <= max_listed_name)
                 names_.push_back(std::move(name));
