@@ -74,4 +74,10 @@ std::string read_bytes(const std::string& path)
     return bytes.str();
 }
 
+std::string row_text(int species)
+{
+    const auto text = row(species);
+    return {text.begin(), text.end()};
+}
+
 } // namespace kq::test

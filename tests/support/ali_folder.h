@@ -27,4 +27,7 @@ private:
 // The bytes of any file; "" when there is none.
 std::string read_bytes(const std::string& path);
 
+// The text of a row, without its closing NUL.
+std::string row_text(int species);
+
 } // namespace kq::test

@@ -2,6 +2,8 @@
 // rewrites them; the difference is then reviewed like any other change.
 #pragma once
 
+#include "screen/text.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,12 +11,9 @@
 
 namespace kq::test {
 
-// Compares with tests/golden/<file>; on a mismatch both are shown, the differing lines marked.
-testing::AssertionResult matches_golden(std::string_view file, const std::string& text);
-// The same with the screen as it is, in tests/golden/<name>.txt.
-testing::AssertionResult matches_golden_screen(std::string_view name);
+// The text of tests/golden/<name>.txt; `actual` itself once it has been rewritten.
+std::string golden_text(std::string_view name, const std::string& actual);
 
 } // namespace kq::test
 
-#define EXPECT_GOLDEN(file, text) EXPECT_TRUE(::kq::test::matches_golden(file, text))
-#define EXPECT_SCREEN(name) EXPECT_TRUE(::kq::test::matches_golden_screen(name))
+#define EXPECT_SCREEN(name) EXPECT_EQ(::kq::test::golden_text(name, ::kq::screen_dump()), ::kq::screen_dump())

@@ -13,7 +13,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <stdexcept>
+#include <vector>
 
 namespace kq::test {
 
@@ -48,6 +50,18 @@ int read_keys_left()
 }
 
 } // namespace
+
+std::string random_keys(std::mt19937& random, std::string_view pieces, int count)
+{
+    std::vector<std::string> all;
+    std::istringstream stream{std::string(pieces)};
+    for (std::string piece; std::getline(stream, piece, '|');)
+        all.push_back(piece + ' ');
+    std::string script;
+    while (count-- > 0)
+        script += all[random() % all.size()];
+    return script;
+}
 
 ScreenSession::ScreenSession(const Geometry& geometry)
     : root_(new_directory())

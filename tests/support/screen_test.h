@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -78,6 +79,9 @@ private:
     std::string root_;
     std::string errors_;
 };
+
+// A script of `count` pieces drawn from "Up|Down|F4 Enter".
+std::string random_keys(std::mt19937& random, std::string_view pieces, int count);
 
 class ScreenTest : public testing::Test, public ScreenSession {
 public:
