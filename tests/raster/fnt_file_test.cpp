@@ -79,16 +79,6 @@ TEST(FntFile, ReadsFixedAndProportionalFonts)
     EXPECT_EQ(Bytes(c.rows.begin(), c.rows.end()), (Bytes{0x80, 0x80, 0x7F, 0x00, 0xFF, 0x80}));
 }
 
-TEST(FntFile, CharactersAbove255AreSkipped)
-{
-    const auto font = parse_fnt(font_bytes(
-        {.bitmap_size = 4, .width = 8, .height = 1, .lowest = 254, .highest = 257}, {}, {1, 2, 3, 4}));
-    ASSERT_TRUE(font);
-    EXPECT_EQ(font->glyph(255).rows[0], 2);
-    EXPECT_FALSE(font->has(0));
-    EXPECT_FALSE(font->has(1));
-}
-
 TEST(FntFile, MalformedFontsGiveNone)
 {
     const Header good = {.bitmap_size = 4, .width = 8, .height = 2, .lowest = 'A', .highest = 'B'};

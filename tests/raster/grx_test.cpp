@@ -68,26 +68,6 @@ struct Picture {
     }
 };
 
-TEST_F(Grx, KeysComeInOrderAndTheEndIsThrown)
-{
-    GrMemoryScript("F2 Left*2 \"a*\"*2 S-Tab");
-    EXPECT_EQ(keys_to_the_end(), "F2 Left Left a * a * S-Tab end");
-    EXPECT_EQ(keys_to_the_end(), "end");
-    EXPECT_THROW(GrMemoryScript("F1 F99"), std::invalid_argument);
-}
-
-TEST_F(Grx, OnlyEarlyKeysInterruptAComputation)
-{
-    GrMemoryScript("F1 screen before early Esc F2");
-    EXPECT_FALSE(GrKeyPressed());
-    EXPECT_EQ(GrKeyRead(), key::f1);
-    EXPECT_TRUE(GrKeyPressed());
-    EXPECT_TRUE(GrKeyPressed()) << "looking does not take it";
-    EXPECT_EQ(GrKeyRead(), key::escape);
-    EXPECT_FALSE(GrKeyPressed());
-    EXPECT_EQ(keys_to_the_end(), "F2 end");
-}
-
 TEST_F(Grx, ScreensShowWhatWasDrawnBeforeTheNextKey)
 {
     std::vector<std::string> written;
@@ -150,26 +130,6 @@ TEST_F(Grx, ReopeningKeepsThePaletteAndClearsTheScreen)
     EXPECT_FALSE(open(20, 1000000));
     EXPECT_NE(GrDriverError(), "");
     EXPECT_EQ(GrSizeX(), 33);
-}
-
-TEST_F(Grx, BuiltInFontsDraw)
-{
-    const std::pair<const GrFont*, std::pair<int, int>> fonts[] = {{&GrFont_PC6x8, {6, 8}},
-                                                                   {&GrFont_PC8x8, {8, 8}},
-                                                                   {&GrFont_PC8x14, {8, 14}},
-                                                                   {&GrFont_PC8x16, {8, 16}}};
-    for (const auto& [font, size] : fonts) {
-        GrClearScreen(0);
-        GrDrawChar('M', 0, 0, size.first, size.second, {font, 14, 1});
-        int ink = 0, paper = 0;
-        for (int y = 0; y < size.second; y++)
-            for (int x = 0; x < size.first; x++)
-                (GrPixel(x, y) == 14 ? ink : paper)++;
-        EXPECT_GE(ink, 8);
-        EXPECT_GE(paper, 8);
-        EXPECT_EQ(GrPixel(size.first, 0), 0);
-        EXPECT_EQ(GrPixel(0, size.second), 0);
-    }
 }
 
 // Opening a display is done once a process, so each case gets one of its own.
