@@ -1,6 +1,5 @@
 // Every dialog, at awkward geometries, under random keys: each returns or waits for more, and what it leaves
 // on the screen is drawn over whole.
-#include "raster/keys.h"
 #include "screen/dialogs.h"
 #include "screen/fields.h"
 #include "screen/help.h"
@@ -16,17 +15,9 @@ namespace {
 
 using test::Ending;
 
-std::string random_script(std::mt19937& random)
-{
-    static constexpr const char* words[] = {"Enter", "Escape", "Up",  "Down",      "PgUp",   "PgDn",  "Left",
-                                            "Right", "Home",   "End", "BackSpace", "Delete", "Tab",   "F1",
-                                            "F7",    "F8",     "y",   "n",         "x",      "1",     "2",
-                                            "5",     "-",      ".",   "Insert",    "S-F1",   "Enter", "Down"};
-    std::string script;
-    for (int i = 0; i < 60; i++)
-        script += std::string(words[random() % std::size(words)]) + " ";
-    return script;
-}
+constexpr std::string_view keys = "Enter|Escape|Up|Down|PgUp|PgDn|Left|Right|Home|End|BackSpace|Delete|Tab|"
+                                  "F1|F7|F8|y|n|x|1|2|5|-|.|Insert|S-F1|"
+                                  "Enter|Down";
 
 class SmallScreens : public test::ScreenTest, public testing::WithParamInterface<std::pair<int, int>> {};
 
@@ -64,7 +55,7 @@ TEST_P(SmallScreens, SurviveRandomKeys)
         for (std::size_t i = 0; i < std::size(dialogs); i++) {
             std::mt19937 random(seed);
             open({.lines = lines, .columns = columns});
-            const std::string script = random_script(random);
+            const std::string script = test::random_keys(random, keys, 60);
             const int line = static_cast<int>(random() % 40) + 1;
             const auto played = play(script, [&] { dialogs[i](line); });
             ASSERT_NE(played.ending, Ending::program_ended)

@@ -7,25 +7,6 @@
 namespace kq {
 namespace {
 
-TEST(Strings, ComparesWithoutCaseAndLikeUnsignedBytes)
-{
-    struct Case {
-        const char *a, *b;
-        int expected;
-    };
-    for (const Case& c : {Case{"Homo", "hOMO", 0}, Case{"", "", 0}, Case{"", "a", -1}, Case{"ab", "A", 1},
-                          Case{"Z", "a", 1}, Case{"[", "a", -1}, Case{"\xE0", "z", 1}})
-        EXPECT_EQ(stricmp(c.a, c.b), c.expected) << c.a << " " << c.b;
-}
-
-TEST(Strings, ChangesCaseOfAsciiLettersOnlyAndReverses)
-{
-    char text[] = "aZ-\xE9{@";
-    EXPECT_STREQ(strupr(text), "AZ-\xE9{@");
-    EXPECT_STREQ(strlwr(text), "az-\xE9{@");
-    EXPECT_STREQ(strrev(text), "@{\xE9-za");
-}
-
 TEST(Strings, CutsIntoFixedFields)
 {
     std::array<char, 5> field{};

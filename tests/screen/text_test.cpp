@@ -110,35 +110,14 @@ TEST_F(TextScreen, AnErasedDiscLeavesTheTextBelowIt)
     EXPECT_EQ(screen_dump(), dump);
 }
 
-TEST_F(TextScreen, RecordsLinesInEveryCellTheyCross)
-{
-    _moveto(4, 7);
-    _lineto(4 + 8 * 3, 7);
-    _lineto(4 + 8 * 3, 7 + 14 * 2);
-    _moveto(-30, -30); // up to the screen's corner and beyond it
-    _lineto(12, 14 * 2 + 20);
-    EXPECT_EQ(line(1).substr(1), "--+");
-    EXPECT_EQ(line(2).substr(3), "|");
-    EXPECT_EQ(line(3)[3], '|');
-}
-
 TEST_F(TextScreen, FramesABoxThroughTheCentresOfItsBorderCells)
 {
-    _settextwindow(1, 1, 34, 80);
-    _settextposition(4, 12);
-    _outtext("under the box");
     window_hp(3, 10, 6, 20, color::light_green);
-    _settextposition(2, 3);
-    _outtext("text");
     // Lines 3 and 6 of 14 pixels, columns 10 and 20 of 8.
     EXPECT_EQ(GrPixel(10 * 8 - 4, 3 * 14 - 7), color::light_green);
     EXPECT_EQ(GrPixel(20 * 8 - 4, 6 * 14 - 7), color::light_green);
     EXPECT_EQ(GrPixel(10 * 8 - 5, 3 * 14 - 7), color::black);
     EXPECT_EQ(GrPixel(10 * 8 - 3, 3 * 14 - 6), color::black);
-    EXPECT_EQ(color_c, color::light_green);
-    EXPECT_EQ(line(3), "         +---------+");
-    EXPECT_EQ(line(4), "         | text    | box");
-    EXPECT_EQ(line(6), line(3));
 }
 
 TEST_F(TextScreen, MovesAndCutsABoxThatDoesNotFit)
@@ -158,19 +137,6 @@ TEST_F(TextScreen, MovesAndCutsABoxThatDoesNotFit)
                   (std::array{fitted.l1, fitted.c1, fitted.l2, fitted.c2}))
             << given.l1 << " " << given.c1 << " " << given.l2 << " " << given.c2;
     }
-}
-
-TEST_F(TextScreen, DrawsRunsOfCellsWithTheirOwnColours)
-{
-    _settextwindow(2, 2, 10, 40);
-    const Cell cells[] = {{'A', 1, 2, 0}, {' ', 5, 0, 0}, {'C', 3, 4, 0}};
-    _outcells(3, 4, cells);
-    EXPECT_EQ(line(4), "    A C");
-    EXPECT_EQ(screen_cell(4, 5), cells[0]);
-    EXPECT_EQ(screen_cell(4, 7), cells[2]);
-    EXPECT_EQ(color_c, color::light_grey);
-    _outcells(1, 78, cells); // partly off the screen
-    EXPECT_EQ(screen_cell(2, 79), cells[0]);
 }
 
 TEST_F(TextScreen, IsDumpedWithItsColours)

@@ -6,7 +6,6 @@
 #include "support/screen_test.h"
 
 #include <array>
-#include <cstdlib>
 
 namespace kq {
 namespace {
@@ -57,40 +56,26 @@ TEST_F(Window, ReadsItsGeometryOrTakesTheDefaults)
     EXPECT_EQ(geometry(), defaults);
 }
 
-TEST_F(Window, SavesItsGeometry)
+std::string pixels_of_cell(int left, int top)
 {
-    open({.lines = 40, .columns = 100, .cell_width = 8, .cell_height = 16});
-    save_config_pyx();
-    EXPECT_EQ(read_file("zolt/data/pyx.sys"), "0\n16\n8\n40\n100\n");
-    dir_DATA = path("nowhere/");
-    play("Q", [] { save_config_pyx(); });
-    EXPECT_EQ(errors(), "") << "a directory that cannot be written is a warning";
+    std::string pixels;
+    for (int y = 0; y < _gr_size_x; y++)
+        for (int x = 0; x < _gr_size_y; x++)
+            pixels += GrPixel(left + x, top + y) == color_c ? '#' : '.';
+    return pixels;
 }
 
-// Which pixels of the first cell a character lights.
+// Which pixels a character lights.
 std::string glyph(char character)
 {
     _settextposition(1, 1);
     _outchar(' ');
     _outchar(character);
-    std::string pixels;
-    for (int y = 0; y < _gr_size_x; y++)
-        for (int x = 0; x < _gr_size_y; x++)
-            pixels += GrPixel(x, y) == color_c ? '#' : '.';
-    return pixels;
+    return pixels_of_cell(0, 0);
 }
 
 TEST_F(Window, TakesTheBuiltInFontOfTheCellsHeight)
 {
-    const auto expected = [](const GrFont& font) {
-        GrTextOption option{&font, static_cast<GrColor>(color_c), 0};
-        GrDrawChar('R', 100, 100, _gr_size_y, _gr_size_x, option);
-        std::string pixels;
-        for (int y = 0; y < _gr_size_x; y++)
-            for (int x = 0; x < _gr_size_y; x++)
-                pixels += GrPixel(100 + x, 100 + y) == color_c ? '#' : '.';
-        return pixels;
-    };
     write_file("zoltexe/cour20.fnt", "no font at all");
     struct Case {
         int width, height, type;
@@ -100,7 +85,6 @@ TEST_F(Window, TakesTheBuiltInFontOfTheCellsHeight)
     const Case cases[] = {
         {8, 14, 0, &GrFont_PC8x14, "by height"},
         {8, 16, 0, &GrFont_PC8x16, "by height"},
-        {8, 8, 0, &GrFont_PC8x8, "by height"},
         {6, 8, 0, &GrFont_PC6x8, "by height and width"},
         {8, 12, 0, &GrFont_PC6x8, "another height keeps the font there was"},
         {8, 15, 2, &GrFont_PC8x14, "no such file: what fits best"},
@@ -109,7 +93,9 @@ TEST_F(Window, TakesTheBuiltInFontOfTheCellsHeight)
     };
     for (const Case& c : cases) {
         open({.cell_width = c.width, .cell_height = c.height, .font_type = c.type});
-        EXPECT_EQ(glyph('R'), expected(*c.font)) << c.width << "x" << c.height << ": " << c.why;
+        const GrTextOption option{c.font, static_cast<GrColor>(color_c), 0};
+        GrDrawChar('R', 100, 100, _gr_size_y, _gr_size_x, option);
+        EXPECT_EQ(glyph('R'), pixels_of_cell(100, 100)) << c.width << "x" << c.height << ": " << c.why;
     }
 }
 
@@ -134,9 +120,7 @@ TEST_F(Window, DialogChangesTheGeometry)
         {"Enter BackSpace*2 \"50\" Enter", {0, 14, 8, 50, 80}},
         {"Enter BackSpace*2 \"19\" Enter Escape Escape", defaults}, // out of bounds
         {"Down Enter BackSpace*2 \"95\" Enter", {0, 14, 8, 34, 90}},
-        {"Down Enter BackSpace*2 \"25\" Up Enter", {0, 14, 8, 34, 20}},
         {"Down Enter BackSpace*2 \"200\" Enter", {0, 14, 8, 34, 200}},
-        {"Down*3 Enter Home", {0, 14, 8, 34, 80}},
         {"Down*3 Enter Down Enter", {0, 16, 8, 34, 80}},
         {"Down*3 Enter Down*2 Enter", {0, 8, 6, 34, 80}},
         {"Down*3 Enter Down Enter Down*2 Enter Down Enter", {1, 14, 8, 34, 80}}, // another font: 8x14 again
@@ -162,6 +146,9 @@ TEST_F(Window, DialogIsLeftWithOrWithoutTheChanges)
     played = dialog("Enter BackSpace*2 \"50\" Enter Up Enter");
     EXPECT_EQ(played.ending, Ending::returned);
     EXPECT_EQ(read_file("zolt/data/pyx.sys"), "0\n14\n8\n50\n80\n");
+
+    dir_DATA = path("nowhere/");
+    EXPECT_EQ(play("Q", [] { save_config_pyx(); }).ending, Ending::returned) << "a warning";
 }
 
 TEST_F(Window, SizeMenusReachEverySize)
