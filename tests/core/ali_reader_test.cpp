@@ -20,12 +20,6 @@ using namespace std::string_literals;
 
 namespace {
 
-std::string text_of(int species)
-{
-    const auto text = row(species);
-    return {text.begin(), text.end()};
-}
-
 // The checking pass line by line.
 AliCheck check_plainly(const std::string& path)
 {
@@ -167,9 +161,9 @@ TEST(AliReader, FillsRowsAndFlags)
     EXPECT_EQ(identifier(0), "one");
     EXPECT_EQ(identifier(1), "two");
     EXPECT_EQ(identifier(2), long_name.substr(0, 79));
-    EXPECT_EQ(text_of(0), "AC G");
-    EXPECT_EQ(text_of(1), "ac  ");
-    EXPECT_EQ(text_of(2), "    ");
+    EXPECT_EQ(test::row_text(0), "AC G");
+    EXPECT_EQ(test::row_text(1), "ac  ");
+    EXPECT_EQ(test::row_text(2), "    ");
     EXPECT_EQ((std::array{mask[0], mask[1], mask[2]}), (std::array{-1, -1, 0}));
     EXPECT_EQ((std::array{new_est[0], new_est[1], new_est[2]}), (std::array{0, -1, -1}));
     EXPECT_EQ((std::array{pc_len[0], pc_len[1], pc_len[2]}), (std::array{75, 50, 0}));
@@ -191,8 +185,8 @@ TEST(AliReader, RowsKeepCarriageReturns)
     ASSERT_EQ(folder.load("x.ali"), "");
     EXPECT_EQ(nb_nuc_tot, 4);
     EXPECT_EQ(identifier(0), "a");
-    EXPECT_EQ(text_of(0), "ACGT\r");
-    EXPECT_EQ(text_of(1), "A\r  ");
+    EXPECT_EQ(test::row_text(0), "ACGT\r");
+    EXPECT_EQ(test::row_text(1), "A\r  ");
     EXPECT_EQ(pc_len[0], 100);
 }
 
@@ -240,7 +234,7 @@ TEST(AliReader, LinesMayCrossTheReadingBlock)
     for (int i = 0; i < 40; i++) {
         EXPECT_EQ(identifier(i), "s" + std::to_string(i));
         rows[static_cast<std::size_t>(i)].resize(static_cast<std::size_t>(nb_nuc_tot), ' ');
-        EXPECT_TRUE(text_of(i) == rows[static_cast<std::size_t>(i)]) << i;
+        EXPECT_TRUE(test::row_text(i) == rows[static_cast<std::size_t>(i)]) << i;
     }
 }
 
@@ -353,13 +347,4 @@ TEST(RealAlignments, HaveTheirFigures)
         EXPECT_EQ(nb_family, c.families);
         EXPECT_EQ(store_error(), "");
     }
-    ASSERT_EQ(load_ali(*data + "/ssu_small/ZOLT/seq/ssu_small.ali",
-                       check_ali(*data + "/ssu_small/ZOLT/seq/ssu_small.ali")),
-              "");
-    read_inf_scores(*data + "/ssu_small/ZOLT/seq/ssu_small.inf");
-    int agrobacterium = 0;
-    while (agrobacterium < nb_spec && identifier(agrobacterium) != "Agrobacterium tumefaciens@M11223")
-        agrobacterium++;
-    ASSERT_LT(agrobacterium, nb_spec);
-    EXPECT_EQ(evalue[static_cast<std::size_t>(agrobacterium)][0], 3.95e-105);
 }

@@ -83,17 +83,6 @@ TEST(AliWriter, WaitsForNobodyElsesSave)
     EXPECT_EQ(save_ali(), "");
 }
 
-TEST(AliWriter, ADirectoryInTheBackupsPlaceStopsTheSave)
-{
-    const AliFolder folder;
-    folder.write("x.ali", original);
-    std::filesystem::create_directory(folder.path("x.bak"));
-    ASSERT_EQ(folder.load("x.ali"), "");
-    EXPECT_NE(save_ali(), "");
-    EXPECT_EQ(folder.read("x.ali"), original);
-    EXPECT_EQ(folder.names(), (Names{"x.ali", "x.bak"}));
-}
-
 TEST(AliWriter, WhatIsSavedIsReadBackTheSame)
 {
     const AliFolder folder;

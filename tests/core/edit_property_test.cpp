@@ -43,13 +43,13 @@ public:
     std::string step()
     {
         constexpr void (Editing::*actions[])() = {
-            &Editing::insert_in_row,  &Editing::insert_in_row, &Editing::insert_in_ensemble,
-            &Editing::delete_in_row,  &Editing::delete_in_row, &Editing::delete_in_ensemble,
-            &Editing::overwrite_row,  &Editing::type_residue,  &Editing::type_residue,
-            &Editing::remove_residue, &Editing::grow,          &Editing::open_columns,
-            &Editing::add_row,        &Editing::new_ensemble,  &Editing::drop_ensemble,
-            &Editing::fill_ensemble,  &Editing::fill_ensemble, &Editing::append,
-            &Editing::discard,        &Editing::toggle,        &Editing::toggle,
+            &Editing::insert,        &Editing::insert,         &Editing::insert,
+            &Editing::remove,        &Editing::remove,         &Editing::remove,
+            &Editing::overwrite_row, &Editing::type_residue,   &Editing::type_residue,
+            &Editing::grow,          &Editing::remove_residue, &Editing::open_columns,
+            &Editing::add_row,       &Editing::new_ensemble,   &Editing::drop_ensemble,
+            &Editing::fill_ensemble, &Editing::fill_ensemble,  &Editing::append,
+            &Editing::discard,       &Editing::toggle,         &Editing::toggle,
             &Editing::change_option,
         };
         (this->*actions[below(std::size(actions))])();
@@ -109,35 +109,31 @@ private:
 
     std::vector<int> rows_of(int e) const { return model_.ensembles[static_cast<std::size_t>(e)].members; }
 
-    void insert_in_row()
+    // One row or one ensemble: for the store, and its members in the model.
+    std::pair<Rows, std::vector<int>> any_rows(const char* action)
     {
-        const int species = any_row(), p = column(), n = 1 + below(below(3) ? 2 : model_.columns + 3);
+        const bool one = below(2);
+        const int who = one ? any_row() : any_ensemble();
+        note(action, one, who);
+        if (one) return {Rows::one(who), {who}};
+        return {Rows::of_ensemble(who), rows_of(who)};
+    }
+    void insert()
+    {
+        const auto [where, species] = any_rows("insert");
+        const int p = column(), n = 1 + below(below(3) ? 2 : model_.columns + 3);
         const char c = gap();
-        note("insert", species, p, n);
-        EXPECT_TRUE(insert_chars(Rows::one(species), p, n, c));
-        model_.insert_chars({species}, p, n, c);
+        note("  at", p, n, c);
+        EXPECT_TRUE(insert_chars(where, p, n, c));
+        model_.insert_chars(species, p, n, c);
     }
-    void insert_in_ensemble()
+    void remove()
     {
-        const int e = any_ensemble(), p = column(), n = 1 + below(below(3) ? 2 : model_.columns + 3);
-        const char c = gap();
-        note("insert in ensemble", e, p, n);
-        EXPECT_TRUE(insert_chars(Rows::of_ensemble(e), p, n, c));
-        model_.insert_chars(rows_of(e), p, n, c);
-    }
-    void delete_in_row()
-    {
-        const int species = any_row(), p = column(), n = 1 + below(below(3) ? 2 : model_.columns + 3);
-        note("delete", species, p, n);
-        delete_chars(Rows::one(species), p, n);
-        model_.delete_chars({species}, p, n);
-    }
-    void delete_in_ensemble()
-    {
-        const int e = any_ensemble(), p = column(), n = 1 + below(below(3) ? 2 : model_.columns + 3);
-        note("delete in ensemble", e, p, n);
-        delete_chars(Rows::of_ensemble(e), p, n);
-        model_.delete_chars(rows_of(e), p, n);
+        const auto [where, species] = any_rows("delete");
+        const int p = column(), n = 1 + below(below(3) ? 2 : model_.columns + 3);
+        note("  at", p, n);
+        delete_chars(where, p, n);
+        model_.delete_chars(species, p, n);
     }
     void overwrite_row()
     {
@@ -172,12 +168,11 @@ private:
     void open_columns()
     {
         if (model_.columns > 3 * shape_.columns) return;
+        const auto [kept, species] = any_rows("open but for");
         const int p = below(model_.columns + 1), n = 1 + below(below(4) ? 2 : 40);
-        const bool one = below(2);
-        const int who = one ? any_row() : any_ensemble();
-        note(one ? "open but for" : "open but for ensemble", who, p, n);
-        EXPECT_EQ(kq::open_columns(one ? Rows::one(who) : Rows::of_ensemble(who), p, n), Growth::grown);
-        model_.open_columns(one ? std::vector{who} : rows_of(who), p, n);
+        note("  at", p, n);
+        EXPECT_EQ(kq::open_columns(kept, p, n), Growth::grown);
+        model_.open_columns(species, p, n);
     }
     void add_row()
     {

@@ -4,6 +4,7 @@
 #include "core/consensus.h"
 #include "core/edit.h"
 #include "core/store.h"
+#include "support/ali_folder.h"
 #include "support/model.h"
 
 #include <gtest/gtest.h>
@@ -23,12 +24,6 @@ void load(std::vector<std::string> rows)
     model.load();
 }
 
-std::string text(int species)
-{
-    const auto span = row(species);
-    return {span.begin(), span.end()};
-}
-
 std::vector<int> first_species(int count)
 {
     std::vector<int> species(static_cast<std::size_t>(count));
@@ -38,48 +33,6 @@ std::vector<int> first_species(int count)
 
 } // namespace
 
-TEST(Edit, InsertionPushesOutGapsAndKeepsResidues)
-{
-    load({"AC*GT* ", "ACCCGTA"});
-    EXPECT_TRUE(insert_chars(Rows::one(0), 2, 2, '*'));
-    EXPECT_EQ(text(0), "AC***GT");
-    EXPECT_FALSE(room_at_end(Rows::one(0), 1));
-    EXPECT_TRUE(insert_chars(Rows::one(0), 0, 1, ' ')); // T moves out of sight, and back
-    EXPECT_EQ(text(0), " AC***GT");
-    EXPECT_EQ(nb_nuc_tot, 7);
-    delete_chars(Rows::one(0), 3, 3);
-    EXPECT_EQ(text(0), " ACGT  ");
-    EXPECT_EQ(free_columns_at_end(Rows::one(0)), 2);
-    EXPECT_TRUE(room_at_end(Rows::one(0), 2));
-    EXPECT_FALSE(room_at_end(Rows::one(0), 3));
-
-    EXPECT_TRUE(insert_chars(Rows::one(1), 0, 1, '*'));
-    EXPECT_EQ(grow_alignment(1), Growth::grown); // shows the A again
-    EXPECT_EQ(text(1), "*ACCCGTA");
-    EXPECT_EQ(text(0), " ACGT   ");
-    delete_chars(Rows::one(1), 0, 100); // at most to the end
-    EXPECT_EQ(text(1), "        ");
-}
-
-TEST(Edit, PlacesOpenedInsideMissingSequenceAreBlank)
-{
-    const struct {
-        const char* row;
-        int p;
-        char filler;
-    } cases[] = {
-        {" ACG ", 0, ' '}, {"*ACG ", 0, '*'}, {"A  CG", 1, '*'}, {"A  CG", 2, ' '}, {"A  CG", 3, '*'},
-        {"ACG A", 4, ' '}, {"ACGA ", 4, '*'}, {"ACG  ", 5, ' '}, {"ACG *", 5, '*'}, {"A*CGA", 5, '*'},
-    };
-    for (const auto& c : cases) {
-        load({c.row, "ACGTA"});
-        EXPECT_EQ(shift_filler(0, c.p), c.filler) << '"' << c.row << "\" at " << c.p;
-        EXPECT_EQ(open_columns(Rows::one(1), c.p, 3), Growth::grown);
-        EXPECT_EQ(text(0), std::string(c.row).insert(static_cast<std::size_t>(c.p), 3, c.filler));
-        EXPECT_EQ(text(1), "ACGTA   ");
-    }
-}
-
 TEST(Edit, TypingEndsOneByteBeforeTheStride)
 {
     load(std::vector<std::string>(20000, "ACGT"));
@@ -87,21 +40,21 @@ TEST(Edit, TypingEndsOneByteBeforeTheStride)
     while (row(7).size() < 14999)
         ASSERT_TRUE(insert_residue(7, 1, 'G'));
     EXPECT_FALSE(insert_residue(7, 1, 'G'));
-    EXPECT_EQ(text(7), "A" + std::string(14995, 'G') + "CGT");
-    EXPECT_EQ(text(8), "ACGT");
+    EXPECT_EQ(test::row_text(7), "A" + std::string(14995, 'G') + "CGT");
+    EXPECT_EQ(test::row_text(8), "ACGT");
     EXPECT_EQ(store_error(), "");
 
     // Its tail cannot move further: refused, for one row, for an ensemble and for all.
     set_members(0, std::vector{6, 7, 8});
-    const auto before = text(7);
+    const auto before = test::row_text(7);
     EXPECT_FALSE(insert_chars(Rows::one(7), 0, 1, '*'));
     EXPECT_FALSE(insert_chars(Rows::of_ensemble(0), 0, 1, '*'));
     EXPECT_EQ(open_columns(Rows::one(8), 0, 1), Growth::too_long);
-    EXPECT_EQ(text(7), before);
-    EXPECT_EQ(text(6), "ACGT");
+    EXPECT_EQ(test::row_text(7), before);
+    EXPECT_EQ(test::row_text(6), "ACGT");
     EXPECT_EQ(nb_nuc_tot, 4);
     EXPECT_EQ(open_columns(Rows::one(7), 0, 1), Growth::grown); // kept, it moves nowhere
-    EXPECT_EQ(text(6), "*ACGT");
+    EXPECT_EQ(test::row_text(6), "*ACGT");
     delete_chars(Rows::one(7), 0, 1);
     EXPECT_TRUE(insert_chars(Rows::one(7), 0, 1, '*'));
 }
@@ -114,44 +67,10 @@ TEST(Edit, TypingEndsAtTheLongestLineThatCanBeReadBack)
         EXPECT_TRUE(insert_residue(0, 0, 'G'));
     EXPECT_FALSE(insert_residue(0, 0, 'G'));
     EXPECT_EQ(row(0).size(), 149997U);
-    EXPECT_TRUE(may_grow(7));
-    EXPECT_FALSE(may_grow(8));
     EXPECT_EQ(grow_alignment(8), Growth::too_long);
-    EXPECT_EQ(open_columns(Rows::one(0), 0, 8), Growth::too_long);
-    EXPECT_EQ(nb_nuc_tot, 149990);
     EXPECT_EQ(grow_alignment(7), Growth::grown);
     EXPECT_FALSE(may_grow(1));
     EXPECT_EQ(store_error(), "");
-}
-
-TEST(Edit, GrowthLeavesOneByteOfTheStride)
-{
-    load(std::vector<std::string>(20000, "ACGT"));
-    EXPECT_TRUE(may_grow(14994)); // 14998 + 1 < 15000
-    EXPECT_FALSE(may_grow(14995));
-}
-
-TEST(Edit, AddedSpeciesMovesTheRowsTogether)
-{
-    load({"ACGTACGT", "CCCCCCCC", "GGGGGGGG"});
-    set_members(0, std::vector{0, 1, 2});
-    insert_residue(1, 0, 'T'); // a text beyond the alignment moves along
-    column_counts(CountedSet::species);
-    EXPECT_EQ(add_species("Homo sapiens@", "ACG"), Adding::added);
-    EXPECT_EQ(nb_spec, 4);
-    EXPECT_EQ(lenseq_tot, 75000000);
-    EXPECT_EQ(text(0), "ACGTACGT");
-    EXPECT_EQ(text(1), "TCCCCCCCC");
-    EXPECT_EQ(text(3), "ACG");
-    EXPECT_EQ(residue(3, 5), ' ');
-    EXPECT_EQ(pc_len[3], 37);
-    EXPECT_EQ(identifier(3), "Homo sapiens@");
-    EXPECT_EQ(identifier(2), "Species 2");
-    EXPECT_EQ(nb_spec_ens[0], 3);
-    EXPECT_EQ(columns_error(), "");
-    insert_chars(Rows::one(3), 1, 1, '*'); // a short row is filled up first
-    EXPECT_EQ(text(3), "A*CG    ");
-    EXPECT_EQ(columns_error(), "");
 }
 
 TEST(Edit, SpeciesAreRefusedWhereARowWouldNotFit)
@@ -222,20 +141,8 @@ TEST(Edit, DiscardedEnsembleLeavesItsConsensusBehind)
     EXPECT_STREQ(ens_names[0], "ensemble 1");
     EXPECT_STREQ(ens_names[2], "");
     EXPECT_STREQ(seq_cons[0], "AAAA");
-    EXPECT_STREQ(seq_cons[1], "CCCC");
-    EXPECT_STREQ(seq_cons[2], "GGGG");
     compute_consensus(0);
     EXPECT_STREQ(seq_cons[0], "CCCC");
-    EXPECT_STREQ(seq_cons[1], "CCCC");
     EXPECT_EQ(add_ensemble(), 2); // a new ensemble begins blank
     EXPECT_STREQ(seq_cons[2], "    ");
-}
-
-TEST(Edit, NoEnsembleMemberHidesEveryColumn)
-{
-    load({"AC", "GT"});
-    EXPECT_EQ(recompute_hidden(false, 1), -2);
-    EXPECT_EQ(nb_nuc, 0);
-    EXPECT_EQ(recompute_hidden(true, 0), 1);
-    EXPECT_EQ(nb_nuc, 2);
 }

@@ -35,18 +35,3 @@ TEST(Families, AreTheBeginningsUpToTheFirstDash)
     EXPECT_EQ(without_family("Homo sapiens"), "Homo sapiens");
     EXPECT_EQ(before_accession("Homo sapiens@X1@Y"), "Homo sapiens");
 }
-
-TEST(Families, OneIsNoneAndThirtySevenAreTheLimit)
-{
-    const kq::test::AliFolder folder;
-    EXPECT_EQ(families_of({"abc-1", "b", "abc-2"}), FamilyResult::single_ignored);
-    EXPECT_EQ(nb_family, 0);
-    EXPECT_EQ(without_family("abc-Homo sapiens"), "abc-Homo sapiens");
-    std::vector<std::string> many;
-    for (int i = 0; i < 37; i++)
-        many.push_back("f" + std::to_string(i) + "-x");
-    EXPECT_EQ(families_of(many), FamilyResult::found);
-    EXPECT_EQ(nb_family, 37);
-    many.emplace_back("another-x");
-    EXPECT_EQ(families_of(many), FamilyResult::too_many);
-}
