@@ -1,12 +1,10 @@
 // Species to groups, groups to colours.
 #include "core/ali_reader.h"
 #include "core/work_buffer.h"
-#include "screen/text.h"
 #include "support/shared_data.h"
 #include "taxonomy/group_colours.h"
 #include "taxonomy_session.h"
 
-#include <map>
 #include <random>
 
 using namespace kq;
@@ -84,22 +82,6 @@ TEST_F(Groups, LinesAreMatchedAsAUserWritesThem)
     EXPECT_EQ(selection_error(), "");
 }
 
-TEST_F(Groups, OneLineTakesEveryParalog)
-{
-    load_names({"abc-Homo sapiens@1", "xyz-Homo sapiens@2", "abc-Homo sapiens", "Homo sapiens", "xyz-Mus",
-                "q r-Pan paniscus"});
-    ASSERT_EQ(nb_family, 2);
-    ASSERT_EQ(build_from(five_leaves), "");
-    ASSERT_EQ(assign_groups("Homo sapiens,A\nPan paniscus,B\nxyz-Mus,C\n", "f.nom"), "");
-    const auto a = static_cast<std::size_t>(find_group("A")), b = static_cast<std::size_t>(find_group("B"));
-    EXPECT_EQ(nbtot_groupe[0][a], 2);
-    EXPECT_EQ(nbtot_groupe[1][a], 1);
-    EXPECT_EQ(group_of(3), "Cupboard") << "no family, no group";
-    EXPECT_EQ(group_of(4), "C") << "no blank after the dash: the whole identifier is compared";
-    EXPECT_EQ(nbtot_groupe[2][b], 1) << "a dash without a family is counted after the families";
-    EXPECT_EQ(selection_error(), "");
-}
-
 TEST_F(Groups, WithAllFamiliesTakenAStrangerIsCountedAfterThem)
 {
     std::vector<std::string> names;
@@ -173,55 +155,41 @@ TEST_F(Groups, ColoursReachLeavesOnly)
     ASSERT_EQ(build_from(five_leaves), "");
     ASSERT_EQ(assign_colours("10,A\n 3,   B\n12,Sub\n5,Cupboard\n7,Nobody\n256,C\n-4,D\n255,E\n", "f"), "");
     EXPECT_EQ(col_text(), "255,E\n7,D\n7,C\n3,B\n10,A\n");
-
-    const auto background = [](const char* name) {
-        select_bk_color_groupe(find_group(name), true);
-        return bgcolor_c;
-    };
-    EXPECT_EQ(background("A"), 8) << "a bright colour";
-    EXPECT_EQ(background("B"), 15) << "a dark one";
-    EXPECT_EQ(background("E"), 8) << "none of the sixteen";
-    EXPECT_EQ(background("Sub"), 8) << "none at all";
-    select_bk_color_groupe(0, false);
-    EXPECT_EQ(bgcolor_c, 0);
-    select_color_groupe(find_group("Sub"));
-    EXPECT_EQ(color_c, 7);
 }
 
 TEST_F(Groups, RealAlignmentsHaveTheirFigures)
 {
     const auto data = shared_data();
     if (!data) GTEST_SKIP() << "no shared alignments here";
-    ASSERT_TRUE(store_allocate());
-    const auto load = [&](const std::string& set, const std::string& ali, const std::string& fra,
-                          const std::string& nom) {
+    const struct {
+        std::string set, ali, fra, nom;
+        int leaves, groups, heads;
+        const char* group;
+        int total, in_cupboard;
+    } cases[] = {
+        {"ssu_medium", "ssu_medium", "FIRMICUT", "firmicut", 138, 276, 7, "Lactobacillus", 100, 66},
+        {"yeast_wide", "yeast_wide", "YEAST", "yeast", 3, 6, 0, "Cupboard", 0, 0},
+        {"proteases", "proteases", "ANIMALS", "animals", 20 * 15 + 1, 51, 20, "Cupboard", 1, 1},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.set);
         reset_taxonomy();
-        const std::string path = *data + "/" + set + "/ZOLT/seq/" + ali;
+        ASSERT_TRUE(store_allocate());
+        const std::string path = *data + "/" + c.set + "/ZOLT/seq/" + c.ali + ".ali";
         ASSERT_EQ(load_ali(path, check_ali(path)), "");
         derive_families();
-        const FraFile file = parse_fra(read_bytes(*data + "/" + set + "/ZOLTEXE/zoltexe/" + fra));
+        const FraFile file =
+            parse_fra(read_bytes(*data + "/" + c.set + "/ZOLTEXE/zoltexe/" + c.fra + ".fra"));
         ASSERT_EQ(build_frame(file.nodes), "");
-        ASSERT_EQ(assign_groups(read_bytes(*data + "/" + set + "/ZOLT/zolt/data/" + nom), nom), "");
-        EXPECT_EQ(selection_error(), "");
-    };
-    const auto total = [](int family, const char* group) {
-        return nbtot_groupe[static_cast<std::size_t>(family)][static_cast<std::size_t>(find_group(group))];
-    };
-    load("ovomucoid", "ovomucoid.ali", "BIRDS.fra", "birds.nom");
-    EXPECT_EQ(total(0, "Perdicinae"), 9);
-    EXPECT_EQ(total(0, "Dendrocygninae"), 3);
-    EXPECT_EQ(total(0, "Cupboard"), 1);
-    load("ssu_medium", "ssu_medium.ali", "FIRMICUT.fra", "firmicut.nom");
-    EXPECT_EQ(total(0, "Lactobacillus"), 100);
-    EXPECT_EQ(total(0, "Cupboard"), 66);
-
-    load("proteases", "proteases.ali", "ANIMALS.fra", "animals.nom");
-    ASSERT_EQ(nb_family, 20);
-    EXPECT_EQ(nb_groupe, 51);
-    const auto family = [](std::string_view name) { return family_of(std::string(name) + "x"); };
-    EXPECT_EQ(total(family("KLK-"), "Muridae"), 21);
-    EXPECT_EQ(total(family("TRY-"), "Insecta"), 5);
-    EXPECT_EQ(total(0, "Cupboard"), 1);
+        ASSERT_EQ(assign_groups(read_bytes(*data + "/" + c.set + "/ZOLT/zolt/data/" + c.nom + ".nom"), c.nom),
+                  "");
+        EXPECT_EQ(selection_error() + frame_error(), "");
+        EXPECT_EQ(nb_feuille, c.leaves);
+        EXPECT_EQ(nb_groupe, c.groups);
+        EXPECT_EQ(nb_arbre, c.heads + 1);
+        EXPECT_EQ(nbtot_groupe[0][static_cast<std::size_t>(find_group(c.group))], c.total);
+        EXPECT_EQ(nbtot_groupe[0][static_cast<std::size_t>(cupboard())], c.in_cupboard);
+    }
     int assigned = 0, selected = 0;
     compute_specie_sous_arbre(*proot, assigned, selected);
     EXPECT_EQ(assigned, 158);

@@ -5,6 +5,7 @@
 #include "core/families.h"
 #include "core/lifecycle.h"
 #include "core/store.h"
+#include "support/ali_folder.h"
 #include "taxonomy/fra_file.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_build.h"
@@ -15,8 +16,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -69,12 +68,6 @@ inline std::string build_from(std::string_view frame_line)
 inline constexpr std::string_view five_leaves =
     "((E:371:72:-1,(D:371:24:-1,C:371:8:-1)Sub:371:56:16)Low:200:64:-1,"
     "(B:371:40:-1,A:371:24:-1)High:200:32:-1)Root:3:48:-1;";
-
-inline std::string read_bytes(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 inline node* node_named(std::string_view name, int family = 0, node* top = proot)
 {

@@ -5,7 +5,6 @@
 #include "screen/directories.h"
 #include "support/golden.h"
 #include "support/screen_test.h"
-#include "support/shared_data.h"
 #include "taxonomy/ensembles.h"
 #include "taxonomy/frame_files.h"
 #include "taxonomy/frame_layout.h"
@@ -15,13 +14,13 @@
 
 namespace kq::test {
 
-// One set of the shared alignments.
+// One alignment of the demo.
 struct DataSet {
-    std::string folder, alignment, frame, groups;
+    std::string alignment, frame, groups;
 };
-inline const DataSet ssu_small{"ssu_small", "ssu_small", "BACTERIA", "bacteria"};
-inline const DataSet birds{"ovomucoid", "ovomucoid", "BIRDS", "birds"};
-inline const DataSet proteases{"proteases", "proteases", "ANIMALS", "animals"};
+inline const DataSet ssu_small{"ssu_small", "BACTERIA", "bacteria"};
+inline const DataSet birds{"ovomucoid", "BIRDS", "birds"};
+inline const DataSet proteases{"proteases", "ANIMALS", "animals"};
 
 class TreeTest : public ScreenTest {
 public:
@@ -64,14 +63,13 @@ public:
 
     void load(const DataSet& set)
     {
-        const std::string folder = *shared_data() + "/" + set.folder;
+        const std::string demo = KQ_SOURCE_DIRECTORY "/demo", frame = "zoltexe/" + set.frame + ".fra";
         const std::string groups = "zolt/data/" + set.groups;
-        write_file("zoltexe/" + set.frame + ".fra",
-                   read_bytes(folder + "/ZOLTEXE/zoltexe/" + set.frame + ".fra"));
+        write_file(frame, read_bytes(demo + "/ZOLTEXE/" + frame));
         for (const char* extension : {".nom", ".col"})
-            write_file(groups + extension, read_bytes(folder + "/ZOLT/" + groups + extension));
+            write_file(groups + extension, read_bytes(demo + "/ZOLT/" + groups + extension));
         ASSERT_TRUE(store_allocate());
-        const std::string alignment = folder + "/ZOLT/seq/" + set.alignment + ".ali";
+        const std::string alignment = demo + "/ZOLT/seq/" + set.alignment + ".ali";
         ASSERT_EQ(load_ali(alignment, check_ali(alignment)), "");
         derive_families();
         read_taxonomy(set.frame, set.groups);
