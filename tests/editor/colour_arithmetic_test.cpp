@@ -30,18 +30,6 @@ TEST(ColourArithmetic, BackgroundsTurnGreyerWithTheLevel)
     }
 }
 
-TEST(ColourArithmetic, TextsStayLegible)
-{
-    const int on_black[] = {255, 176, 144, 144, 112, 112, 80, 80, 48, 48};
-    for (int level = 0; level < 10; level++) {
-        EXPECT_EQ(kq::scale_text_grey(0, level), on_black[level]);
-        for (const int bright : {2, 3, 7})
-            EXPECT_EQ(kq::scale_text_grey(bright, level), 0);
-        for (const int dark : {1, 4, 5, 6})
-            EXPECT_EQ(kq::scale_text_grey(dark, level), level == 0 ? 255 : 176);
-    }
-}
-
 TEST(ColourArithmetic, BrightnessMovesTowardsWhite)
 {
     kq::ColourMatrix matrix;

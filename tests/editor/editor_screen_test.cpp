@@ -145,81 +145,16 @@ TEST_F(EditorScreenTest, ASmallerWindowKeepsTheCursorInside)
     EXPECT_EQ(line(18).substr(0, 17), "Genus_f species@3");
 }
 
-TEST_F(EditorScreenTest, AnotherFileIsOneWayOut)
-{
-    load_mixed();
-    EXPECT_EQ(edit("Right S-F1 Y").ending, test::Ending::returned);
-    const auto played = edit("Escape Y");
-    EXPECT_EQ(played.ending, test::Ending::program_ended);
-    EXPECT_EQ(played.status, 0);
-}
-
-TEST_F(EditorScreenTest, LettersWorkInBothCasesAndUnknownKeysDoNothing)
-{
-    load_mixed();
-    edit("e");
-    EXPECT_TRUE(collapsed(0));
-    const auto rows = sequences();
-    edit(R"(C-End F9 S-F5 A-< "?,.;/ABFSTZ$1~")");
-    EXPECT_EQ(sequences(), rows);
-    EXPECT_FALSE(changed());
-}
-
 // Keys at random, dialogs answered at random, at sizes down to the smallest and up to the largest.
 TEST_F(EditorScreenTest, NoKeyBreaksTheEditor)
 {
-    const char* keys[] = {
-        "Left",
-        "Right",
-        "Up",
-        "Down",
-        "Home",
-        "End",
-        "PgUp",
-        "PgDn",
-        "C-Left",
-        "C-Right",
-        "C-Up",
-        "C-Down",
-        "+",
-        "-",
-        "C",
-        "M",
-        "E",
-        "E",
-        "*",
-        "Space",
-        "*",
-        "Space",
-        "Delete",
-        "BackSpace",
-        "Tab",
-        "Delete",
-        "F11 7 Enter",
-        "F12 3 Enter",
-        "Insert Enter",
-        "S-F7 BackSpace 4 Enter",
-        "S-F3 9 Enter Q",
-        "S-F4 Y",
-        "U Y",
-        "X Y Enter",
-        "X Y Down Enter",
-        "P Y",
-        "D Y",
-        "A-BackSpace Y Enter",
-        "A-BackSpace Y Up Enter",
-        R"(S-F8 Y "AC*-" BackSpace Delete Right Escape N N)",
-        R"(S-F8 Y End "GGG" Escape N N)",
-        R"(S-F9 N Enter "ACGT*" Enter)",
-        "S-F12",
-        "F5",
-        "O Enter",
-        "Escape N N",
-        "S-F1 N N",
-        "F1 Escape",
-        "A-KPPlus",
-        "A-KPMinus",
-    };
+    const std::string_view keys =
+        "Left|Right|Up|Down|Home|End|PgUp|PgDn|C-Left|C-Right|C-Up|C-Down|+|-|C|M|E|E|*|Space|*|Space|Delete|"
+        "BackSpace|Tab|Delete|F11 7 Enter|F12 3 Enter|Insert Enter|S-F7 BackSpace 4 Enter|S-F3 9 Enter "
+        "Q|S-F4 Y|"
+        "U Y|X Y Enter|X Y Down Enter|P Y|D Y|A-BackSpace Y Enter|A-BackSpace Y Up Enter|"
+        "S-F8 Y \"AC*-\" BackSpace Delete Right Escape N N|S-F8 Y End \"GGG\" Escape N N|"
+        "S-F9 N Enter \"ACGT*\" Enter|S-F12|F5|O Enter|Escape N N|S-F1 N N|F1 Escape|A-KPPlus|A-KPMinus";
     const test::Geometry sizes[] = {{20, 20}, {20, 29}, {20, 31}, {21, 37}, {34, 80}, {200, 200}};
     for (unsigned round = 0; round < 24; round++) {
         std::mt19937 random(round);
@@ -241,9 +176,7 @@ TEST_F(EditorScreenTest, NoKeyBreaksTheEditor)
         opt_nogap = static_cast<int>(random() % 2);
         opt_tiret = static_cast<int>(random() % 2);
 
-        std::string script;
-        for (int i = 0; i < 100; i++)
-            script += std::string(keys[random() % std::size(keys)]) + " ";
+        const std::string script = test::random_keys(random, keys, 100);
         const auto played = play(script, [] {
             enter();
             affich_menu_affich_seq();

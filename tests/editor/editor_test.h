@@ -13,6 +13,7 @@
 #include "editor/navigation.h"
 #include "editor/view.h"
 #include "screen/strings.h"
+#include "support/ali_folder.h"
 #include "support/screen_test.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/selection.h"
@@ -89,11 +90,7 @@ public:
         init_param();
     }
 
-    static std::string sequence(int species)
-    {
-        const auto text = row(species);
-        return {text.begin(), text.end()};
-    }
+    static std::string sequence(int species) { return row_text(species); }
     static std::vector<std::string> sequences()
     {
         std::vector<std::string> rows;

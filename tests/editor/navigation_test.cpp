@@ -2,6 +2,8 @@
 #include "editor_test.h"
 #include "screen/text.h"
 
+#include <array>
+
 using namespace kq;
 using test::EditorTest;
 
@@ -27,55 +29,34 @@ public:
 TEST_F(NavigationTest, SidewaysMovesScrollByTens)
 {
     const struct {
-        const char* what;
-        std::vector<Redraw (*)()> moves;
-        Redraw last;
+        const char* keys;
         int position, column, first;
     } cases[] = {
-        {"start", {}, redraw_none, 0, 1, 0},
-        {"to the edge", {[] { return deplace_site_droite(49); }}, redraw_none, 49, 50, 0},
-        {"past the edge", {[] { return deplace_site_droite(50); }}, redraw_sequences, 50, 41, 10},
-        {"far", {[] { return deplace_site_droite(95); }}, redraw_sequences, 95, 46, 50},
-        {"past the end is the end",
-         {[] { return deplace_site_droite(500); }},
-         redraw_sequences,
-         199,
-         40,
-         160},
-        {"the last position is reached",
-         {[] { return deplace_site_droite(199); }},
-         redraw_sequences,
-         199,
-         50,
-         150},
-        {"the end", {goto_fin}, redraw_sequences, 199, 40, 160},
-        {"the end again", {goto_fin, goto_fin}, redraw_none, 199, 40, 160},
-        {"back within the area",
-         {goto_fin, [] { return deplace_site_gauche(39); }},
-         redraw_none,
-         160,
-         1,
-         160},
-        {"back out of it",
-         {goto_fin, [] { return deplace_site_gauche(40); }},
-         redraw_sequences,
-         159,
-         10,
-         150},
-        {"before the first", {goto_fin, [] { return deplace_site_gauche(900); }}, redraw_sequences, 0, 1, 0},
-        {"the start again", {goto_debut}, redraw_none, 0, 1, 0},
+        {"Right*49", 49, 50, 0},
+        {"Right*50", 50, 41, 10}, // past the edge
+        {"Right*199", 199, 50, 150},
+        {"Right*500", 199, 40, 160}, // past the end is the end  {"End", 199, 40,
+                                     // 160},
+        {"End End", 199, 40, 160},
+        {"End Left*39", 160, 1, 160},
+        {"End Left*40", 159, 10, 150},
+        {"End Left*900", 0, 1, 0},
+        {"End Home", 0, 1, 0},
     };
     for (const auto& c : cases) {
         load_columns(200, {}, 50);
-        Redraw last = redraw_none;
-        for (const auto& move : c.moves)
-            last = move();
-        EXPECT_EQ(last, c.last) << c.what;
-        EXPECT_EQ(cursor_position(), c.position) << c.what;
-        EXPECT_EQ(colonne_curs, c.column) << c.what;
-        EXPECT_EQ(dec_pos_curs, c.first) << c.what;
-        EXPECT_EQ(view_error(), "") << c.what;
+        edit(c.keys);
+        EXPECT_EQ(cursor_position(), c.position) << c.keys;
+        EXPECT_EQ(colonne_curs, c.column) << c.keys;
+        EXPECT_EQ(dec_pos_curs, c.first) << c.keys;
+        EXPECT_EQ(view_error(), "") << c.keys;
     }
+    load_columns(200, {}, 50);
+    EXPECT_EQ(deplace_site_droite(95), redraw_sequences); // far at once
+    EXPECT_EQ((std::array{cursor_position(), colonne_curs, dec_pos_curs}), (std::array{95, 46, 50}));
+    EXPECT_EQ(deplace_site_droite(500), redraw_sequences); // past the end is the end
+    EXPECT_EQ((std::array{cursor_position(), colonne_curs, dec_pos_curs}), (std::array{199, 40, 160}));
+    EXPECT_EQ(goto_fin(), redraw_none);
 }
 
 TEST_F(NavigationTest, HiddenColumnsAreSteppedOver)
@@ -101,25 +82,6 @@ TEST_F(NavigationTest, HiddenColumnsAreSteppedOver)
     EXPECT_EQ(cursor_position(), 2);
 }
 
-TEST_F(NavigationTest, EveryWidthKeepsTheCursorInside)
-{
-    for (int width = -10; width <= 30; width++) {
-        load_columns(60, {3, 4, 30}, width);
-        for (int step = 0; step < 80; step++) {
-            deplace_site_droite(1 + step % 3);
-            ASSERT_EQ(view_error(), "") << width << " right " << step;
-        }
-        EXPECT_EQ(cursor_position(), 59);
-        for (int step = 0; step < 80; step++) {
-            deplace_site_gauche(1 + step % 4);
-            ASSERT_EQ(view_error(), "") << width << " left " << step;
-        }
-        EXPECT_EQ(cursor_position(), 0);
-        goto_fin();
-        ASSERT_EQ(view_error(), "") << width;
-    }
-}
-
 TEST_F(NavigationTest, RowsGoRoundTheEnsemblesThatHaveAny)
 {
     load({"AAAA", "CCCC", "GGGG", "TTTT", "AACC"}, {{}, {0, 1}, {}, {2, 3, 4}, {1, 0}, {}});
@@ -142,35 +104,20 @@ TEST_F(NavigationTest, VerticalMovesScrollOnceTheEdgeIsReached)
 {
     load(std::vector<std::string>(30, "ACGT")); // on 22 rows
     const struct {
-        const char* what;
-        std::vector<Redraw (*)()> moves;
-        Redraw last;
+        const char* keys;
         int top, cursor, row;
     } cases[] = {
-        {"down", {[] { return deplace_curseur_bas(1); }}, redraw_none, 0, 1, 2},
-        {"to the last row", {[] { return deplace_curseur_bas(21); }}, redraw_none, 0, 21, 22},
-        {"beyond it", {[] { return deplace_curseur_bas(24); }}, redraw_all_rows, 3, 24, 22},
-        {"round the list", {[] { return deplace_curseur_bas(33); }}, redraw_all_rows, 12, 3, 22},
-        {"up from the top", {[] { return deplace_curseur_haut(2); }}, redraw_all_rows, 28, 28, 1},
-        {"scrolling keeps the screen row",
-         {[] { return deplace_curseur_bas(5); }, [] { return deplace_only_species(-1); }},
-         redraw_all_rows,
-         29,
-         4,
-         6},
-        {"to the top row", {[] { return deplace_curseur_bas(24); }, magic_move}, redraw_all_rows, 3, 3, 1},
-        {"already there", {magic_move}, redraw_none, 0, 0, 1},
+        {"Down", 0, 1, 2},      {"Down*21", 0, 21, 22},
+        {"Down*24", 3, 24, 22}, {"Down*33", 12, 3, 22}, // round the list
+        {"Up*2", 28, 28, 1},    {"Down*5 -", 29, 4, 6}, // scrolling keeps the screen row
+        {"Down*24 M", 3, 3, 1}, {"M", 0, 0, 1},
     };
     for (const auto& c : cases) {
-        enter();
-        Redraw last = redraw_none;
-        for (const auto& move : c.moves)
-            last = move();
-        EXPECT_EQ(last, c.last) << c.what;
-        EXPECT_EQ(top_row(), (DisplayRow{0, c.top})) << c.what;
-        EXPECT_EQ(cursor_row(), (DisplayRow{0, c.cursor})) << c.what;
-        EXPECT_EQ(ligne_curs, c.row) << c.what;
-        EXPECT_EQ(view_error(), "") << c.what;
+        edit(c.keys);
+        EXPECT_EQ(top_row(), (DisplayRow{0, c.top})) << c.keys;
+        EXPECT_EQ(cursor_row(), (DisplayRow{0, c.cursor})) << c.keys;
+        EXPECT_EQ(ligne_curs, c.row) << c.keys;
+        EXPECT_EQ(view_error(), "") << c.keys;
     }
 }
 

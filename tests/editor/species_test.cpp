@@ -151,13 +151,3 @@ TEST_F(SpeciesTest, ASequenceIsAdded)
     edit(R"(S-F9 N Enter "ac-g$?n*t" Up)");
     EXPECT_EQ(line(8), "| ACGN*T" + std::string(71, ' ') + "|") << "only what counts is left on the screen";
 }
-
-TEST_F(SpeciesTest, AnEnsembleTakesTenThousandSpecies)
-{
-    std::vector<int> many(max_ensemble_species);
-    for (std::size_t i = 0; i < many.size(); i++)
-        many[i] = static_cast<int>(i);
-    load(std::vector<std::string>(max_ensemble_species, "AC"), {many});
-    edit("S-F9");
-    EXPECT_TRUE(shows("You can select at most 10000 species per ensemble"));
-}
