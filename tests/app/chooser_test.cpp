@@ -5,6 +5,7 @@
 #include "core/store.h"
 #include "screen/directories.h"
 #include "screen/files.h"
+#include "screen/strings.h"
 #include "screen/text.h"
 #include "support/golden.h"
 #include "support/screen_test.h"
@@ -15,10 +16,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cstdlib>
 #include <ctime>
-#include <set>
 
 using namespace kq;
 using kq::test::Ending;
@@ -48,7 +47,7 @@ public:
     void make_files(int count)
     {
         for (int i = 1; i <= count; i++)
-            write_file(name(i), alignment);
+            write_file(text_format("seq/file%03d.ali", i), alignment);
     }
     // The highlighted names on the screen.
     std::string highlighted() const
@@ -61,14 +60,6 @@ public:
         return found;
     }
     kq::test::Played choose(std::string_view keys) { return play(keys, choice_File); }
-
-private:
-    static std::string name(int i)
-    {
-        std::array<char, 30> text{};
-        std::snprintf(text.data(), text.size(), "seq/file%03d.ali", i);
-        return text.data();
-    }
 };
 
 } // namespace
@@ -94,11 +85,11 @@ TEST_F(ChooserTest, MovesWrapAroundThePage)
         const char *keys, *expected;
     };
     const Case cases[] = {
-        {"Down", "file002.ali"},         {"Up", "file030.ali"},          {"Up Down", "file001.ali"},
-        {"PgDn", "file006.ali"},         {"PgUp", "file026.ali"},        {"Right", "file028.ali"},
-        {"Right Right", "file001.ali"},  {"Left", "file028.ali"},        {"Down*3 Left", "file004.ali"},
-        {"Down*3 Right", "file004.ali"}, {"Down*2 Left", "file030.ali"}, {"F7", "file001.ali"},
-        {"F8", "file001.ali"},           {"Z", "file001.ali"},
+        {"Down", "file002.ali"},        {"Up", "file030.ali"},          {"Up Down", "file001.ali"},
+        {"PgDn", "file006.ali"},        {"PgUp", "file026.ali"},        {"Right Right", "file001.ali"},
+        {"Left", "file028.ali"},        {"Down*3 Left", "file004.ali"}, {"Down*3 Right", "file004.ali"},
+        {"Down*2 Left", "file030.ali"}, {"F7", "file001.ali"},          {"F8", "file001.ali"},
+        {"Z", "file001.ali"},
     };
     for (const auto& c : cases) {
         chooser_reset();
@@ -136,8 +127,7 @@ TEST_F(ChooserTest, SurvivesFilesThatVanish)
             choice_File();
         } catch (...) {
             for (int i = 2; i <= 55; i++)
-                remove(
-                    path("seq/file0" + std::string(i < 10 ? "0" : "") + std::to_string(i) + ".ali").c_str());
+                remove(path(text_format("seq/file%03d.ali", i)).c_str());
             throw;
         }
     });
@@ -148,28 +138,6 @@ TEST_F(ChooserTest, SurvivesFilesThatVanish)
     const auto ended = choose("Enter");
     EXPECT_EQ(ended.ending, Ending::program_ended);
     EXPECT_EQ(ended.status, 1);
-}
-
-TEST_F(ChooserTest, LoadsAnAlignmentAndRemembersThePlace)
-{
-    make_files(3);
-    const auto played = choose("Down*2 Enter Enter");
-    EXPECT_EQ(played.ending, Ending::returned);
-    EXPECT_EQ(played.keys_left, 0);
-    EXPECT_EQ(nb_spec, 2);
-    EXPECT_STREQ(caractere, "*UGKCYSBAWRDMHVN ");
-    choose("");
-    EXPECT_EQ(highlighted(), "file003.ali");
-}
-
-TEST_F(ChooserTest, AsksBeforeTheEnd)
-{
-    make_files(1);
-    EXPECT_EQ(choose("Esc Enter").ending, Ending::script_ended);
-    EXPECT_TRUE(shows("file001.ali"));
-    const auto played = choose("Esc Y");
-    EXPECT_EQ(played.ending, Ending::program_ended);
-    EXPECT_EQ(played.status, 0);
 }
 
 TEST_F(ChooserTest, FitsEveryGeometry)
@@ -289,12 +257,4 @@ TEST_F(ChooserTest, NamesTheFamilies)
     EXPECT_EQ(played.ending, Ending::program_ended);
     EXPECT_EQ(played.status, 1);
     EXPECT_NE(errors().find("Too many paralog families. Increase MAXFAMILY"), std::string::npos);
-}
-
-TEST(ChooserKeys, AreNoted)
-{
-    for (const auto& row : chooser_keys.rows) {
-        EXPECT_FALSE(row.note.empty()) << row.key;
-        EXPECT_NE(row.run, nullptr);
-    }
 }

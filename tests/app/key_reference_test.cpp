@@ -4,22 +4,13 @@
 #include "editor/editor.h"
 #include "editor/modif_sequence.h"
 #include "raster/key_names.h"
+#include "support/ali_folder.h"
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/tree_screen.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 namespace {
-
-std::string contents(const std::string& path)
-{
-    std::ostringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
-}
 
 template <class Action>
 void check_table(const kq::KeyTable<Action>& table)
@@ -47,6 +38,6 @@ TEST(KeyTables, AreWholeAndUnambiguous)
 
 TEST(KeyTables, ArePrintedInTheReference)
 {
-    EXPECT_EQ(contents(KQ_SOURCE_DIRECTORY "/docs/keys.md"), kq::key_reference())
+    EXPECT_EQ(kq::test::read_bytes(KQ_SOURCE_DIRECTORY "/docs/keys.md"), kq::key_reference())
         << "print it again: kq-keys > docs/keys.md";
 }

@@ -1,8 +1,10 @@
 // A curator's morning, key by key, through the whole program on the demo.
 #include "app/program.h"
 #include "core/chooser.h"
+#include "core/options.h"
 #include "core/store.h"
 #include "support/screen_test.h"
+#include "taxonomy/frame.h"
 
 #include <gtest/gtest.h>
 
@@ -99,28 +101,39 @@ TEST_F(MainRoad, SavingWithoutAnEditKeepsEveryByteButTheMarksOfNewSequences)
 
 TEST_F(MainRoad, SequencesAreShortenedDestroyedAndAddedAndTheNextAlignmentOpens)
 {
+    kq::opt_evalue = 2;
     const auto ending = run(keys({
-        open_ovomucoid,
-        select_all_unnamed,
+        open_ovomucoid, select_all_unnamed,
         "Right*10 \"X\" \"Y\" Enter ",                   // shorten on the right of the cursor
         "Down A-BackSpace \"Y\" Down*3 Enter ",          // destroy: redundancy
         "S-F9 \"Novum animal\" Enter \"VKYPNT\" Enter ", // add
         "F5 S-F1 \"Y\" ",                                // save, on to another file
-        "Down Enter Enter ",                             // proteases
-        select_all_unnamed,
     }));
     EXPECT_EQ(ending, Ending::script_ended);
-    EXPECT_EQ(kq::file_ALI, "proteases.ali");
-    EXPECT_EQ(kq::nb_spec, 158);
+    EXPECT_TRUE(shows("File containing the systematic frame:"));
+    // Nothing of the first alignment is left behind.
+    EXPECT_EQ(kq::ident, nullptr);
+    EXPECT_EQ(kq::proot, nullptr);
+    EXPECT_EQ(kq::nb_spec_ens[0], 0);
+    EXPECT_EQ(kq::opt_evalue, 0);
+    EXPECT_EQ(kq::modif, 255);
 
-    const std::string saved = read_file("seq/ovomucoid.ali");
+    const std::string saved = read_file("seq/ovomucoid.ali"), backup = read_file("seq/ovomucoid.bak");
     EXPECT_NE(saved.find("XXX\n"), std::string::npos);
     EXPECT_TRUE(saved.ends_with(">Novum animal@\nVKYPNT\n")) << saved.substr(saved.size() - 200);
     const std::string rejects = read_file("seq/ovomucoid.non");
     EXPECT_NE(rejects.find("\n#Redondancy\n>"), std::string::npos) << rejects;
     const std::string name = file_line("seq/ovomucoid.non", 3);
     EXPECT_EQ(saved.find('\n' + name + '\n'), std::string::npos) << name << " is still in the alignment";
-    EXPECT_NE(read_file("seq/ovomucoid.bak").find('\n' + name + '\n'), std::string::npos);
+    EXPECT_NE(backup.find('\n' + name + '\n'), std::string::npos);
+
+    kq::chooser_reset();
+    EXPECT_EQ(run(keys({open_ovomucoid, select_all_unnamed, "S-F1 \"Y\" Down Enter Enter ", // proteases
+                        select_all_unnamed})),
+              Ending::script_ended);
+    EXPECT_EQ(kq::file_ALI, "proteases.ali");
+    EXPECT_EQ(kq::nb_spec, 158);
+    EXPECT_EQ(kq::nb_spec_ens[0], 158);
 }
 
 TEST_F(MainRoad, ASecondEnsembleIsCountedInTheConsensusLineAtOnce)
@@ -138,6 +151,24 @@ TEST_F(MainRoad, ASecondEnsembleIsCountedInTheConsensusLineAtOnce)
     EXPECT_EQ(kq::nb_ens, 2);
     EXPECT_NE(of_both, of_one) << "the second ensemble makes no difference";
     EXPECT_EQ(of_both, consensus_line("F3 \"Y\" Home F2 F3 Esc S-F12 Home"));
+}
+
+TEST_F(MainRoad, EveryAlignmentOfTheDemoHasItsSpeciesOnTheTree)
+{
+    const struct {
+        const char* open;
+        int species, left_out; // masked or without a group
+    } cases[] = {
+        {"Enter Q*3 Enter ", 9, 1}, // three warnings about B and Z
+        {"Down Enter Enter ", 60, 1},   {"Down*2 Enter Enter ", 158, 0},
+        {"Down*3 Enter Enter ", 23, 0}, {"Down*4 Enter Enter ", 60, 3},
+    };
+    for (const auto& c : cases) {
+        kq::chooser_reset();
+        EXPECT_EQ(run(keys({c.open, select_all_unnamed})), Ending::script_ended);
+        EXPECT_EQ(kq::nb_spec, c.species) << c.open;
+        EXPECT_EQ(kq::nb_spec_ens[0], c.species - c.left_out) << c.open;
+    }
 }
 
 TEST_F(MainRoad, UnsavedWorkIsAskedForAndCanBeLeftBehind)

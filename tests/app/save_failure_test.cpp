@@ -6,7 +6,6 @@
 #include "core/store.h"
 #include "screen/directories.h"
 #include "screen/files.h"
-#include "screen/process_end.h"
 #include "support/ali_folder.h"
 #include "support/screen_test.h"
 #include "support/system_calls.h"
@@ -20,7 +19,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
 
 using namespace kq;
@@ -243,16 +241,4 @@ TEST_F(SaveOnScreen, AFailureIsShownAndTheWorkStaysUnsaved)
     EXPECT_EQ(play("", write_file_ALI).ending, kq::test::Ending::returned);
     EXPECT_EQ(modif, 255);
     EXPECT_TRUE(s.alignment() == s.after());
-}
-
-TEST_F(SaveOnScreen, AFatalEndNamesTheRescueCopy)
-{
-    const SavedFolder s({100, true});
-    set_rescue(rescue_ali);
-    EXPECT_EQ(play("", [] { erreur_fatale("There are no more nucleotides"); }).status, 1);
-    EXPECT_EQ(errors(), "The program has encountered the following FATAL ERROR :\n\nThere are no more "
-                        "nucleotides\n\n\nThe unsaved changes have been written to " +
-                            s.folder().path("x_rescue.ali") + "\n");
-    EXPECT_TRUE(s.folder().read("x_rescue.ali") == s.after());
-    EXPECT_TRUE(s.alignment() == s.before());
 }
