@@ -178,18 +178,6 @@ TEST(AliReader, FillsRowsAndFlags)
     EXPECT_STREQ(caractere, "*UGKCYSBAWRDMHVN ");
 }
 
-TEST(AliReader, RowsKeepCarriageReturns)
-{
-    const AliFolder folder;
-    folder.write("x.ali", headers + ">a\r\nACGT\r\n>b\nA\r\n");
-    ASSERT_EQ(folder.load("x.ali"), "");
-    EXPECT_EQ(nb_nuc_tot, 4);
-    EXPECT_EQ(identifier(0), "a");
-    EXPECT_EQ(test::row_text(0), "ACGT\r");
-    EXPECT_EQ(test::row_text(1), "A\r  ");
-    EXPECT_EQ(pc_len[0], 100);
-}
-
 TEST(AliReader, AgreesWithTheLineByLineReader)
 {
     constexpr unsigned seed = 20070516;

@@ -229,18 +229,5 @@ TEST_F(FileNamePrompt, ReadsOnlyFilesThatExist)
     EXPECT_EQ(result.name, "here.ali");
 }
 
-TEST_F(FileNamePrompt, AsksBeforeOverwriting)
-{
-    write_file("seq/old.ali", "");
-    Result result = ask("\"old\" Enter Escape \"er\" Enter", NameMode::write);
-    EXPECT_EQ(result.name, "older.ali");
-    EXPECT_EQ(result.code, ok);
-    result = ask("\"old\" Enter Enter", NameMode::write);
-    EXPECT_EQ(result.name, "old.ali");
-    EXPECT_EQ(result.played.keys_left, 0);
-    result = ask("\"old\" Enter", NameMode::unchecked);
-    EXPECT_EQ(result.name, "old.ali");
-}
-
 } // namespace
 } // namespace kq
