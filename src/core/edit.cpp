@@ -139,14 +139,6 @@ int free_columns_at_end(const Rows& rows)
     return free_columns;
 }
 
-bool room_at_end(const Rows& rows, int n)
-{
-    const int first = std::max(0, nb_nuc_tot - n);
-    return std::ranges::all_of(rows.species(), [first](int species) {
-        return trailing_gaps(species, first, nb_nuc_tot) == nb_nuc_tot - first;
-    });
-}
-
 void delete_chars(const Rows& rows, int p, int n)
 {
     assert(p >= 0 && p < nb_nuc_tot && n >= 0);

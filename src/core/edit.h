@@ -36,13 +36,11 @@ private:
 
 // Moves the text from p on n places right in each row and fills the gap with c, a blank or "*". At the end of
 // the row's text up to n blanks and "*" are dropped; nothing else ever is: a residue that leaves the last
-// column moves on beyond nb_nuc_tot (ask room_at_end first, and grow the alignment to keep it in sight).
-// False, and nothing changed, when a row's text would become longer than a row can be.
+// column moves on beyond nb_nuc_tot (ask free_columns_at_end first, and grow the alignment to keep it in
+// sight). False, and nothing changed, when a row's text would become longer than a row can be.
 bool insert_chars(const Rows& rows, int p, int n, char c);
 // How many columns at the end of the alignment hold a blank or "*" in every row.
 int free_columns_at_end(const Rows& rows);
-// Whether the rows can take n more characters before the end without moving a residue out of sight.
-bool room_at_end(const Rows& rows, int n);
 // Moves the text after p + n - 1 n places left. Blanks enter at the end, or the text beyond nb_nuc_tot does.
 void delete_chars(const Rows& rows, int p, int n);
 // Whether every row holds a blank or "*" at p.

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace kq {
@@ -183,16 +184,22 @@ void supprime_gap()
 
 namespace {
 
+// Marks where a sequence was cut off: unknown residues.
+constexpr std::string_view cut_mark{"XXX"};
+
 void shorten_right(int species, int position)
 {
-    std::string text = whole_text(species).substr(0, static_cast<std::size_t>(position)) + "XXX";
+    std::string text = whole_text(species).substr(0, static_cast<std::size_t>(position));
+    text += cut_mark;
     text.resize(static_cast<std::size_t>(nb_nuc_tot), ' ');
     put_text(species, std::move(text));
 }
 
 void shorten_left(int species, int position)
 {
-    overwrite(species, 0, std::string(static_cast<std::size_t>(position - 3), ' ') + "XXX");
+    std::string text(static_cast<std::size_t>(position) - cut_mark.size(), ' ');
+    text += cut_mark;
+    overwrite(species, 0, text);
 }
 
 } // namespace
