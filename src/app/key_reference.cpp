@@ -6,6 +6,7 @@
 #include "editor/modif_sequence.h"
 #include "raster/key_names.h"
 #include "taxonomy/reorder_screen.h"
+#include "taxonomy/species_screen.h"
 #include "taxonomy/tree_screen.h"
 
 namespace kq {
@@ -37,6 +38,7 @@ std::string key_reference()
         "PgUp and PgDn move the highlight.\n";
     print_table(text, chooser_keys);
     print_table(text, tree_keys);
+    print_table(text, species_keys);
     print_table(text, reorder_keys);
     print_table(text, editor_keys);
     print_table(text, primary_keys);

@@ -18,6 +18,8 @@ constexpr Binding<TreeAction> rows[] = {
     {key::shift_f3,  &TreeScreen::name_ensemble,     "name the ensemble"},
     {key::f4,        &TreeScreen::deselect,          "deselect all species, or those below the current node"},
     {key::f5,        &TreeScreen::reorder,           "reorder the selected species"},
+    {key::f6,        &TreeScreen::list_cupboard,     "the species of \"Cupboard\", one by one"},
+    {key::enter,     &TreeScreen::list_species,      "the species below the current node, one by one"},
     {key::shift_f10, &TreeScreen::window_options,    "window size and font"},
     {key::shift_f12, &TreeScreen::choose_colours,    "choose another file of group colours"},
     {key::home,      &TreeScreen::to_root,           "to the root of the view"},

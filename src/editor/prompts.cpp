@@ -12,15 +12,11 @@
 
 namespace kq {
 
-namespace {
-
 void draw_rows_again()
 {
     affich_all_species();
     affich_all_seq(0);
 }
-
-} // namespace
 
 void warn(std::string_view message)
 {

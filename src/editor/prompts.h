@@ -8,6 +8,8 @@ namespace kq {
 // Line of the warnings, confirmations and menus of the editor.
 inline constexpr int dialog_line = 5;
 
+// The rows of the alignment, over what a box has left.
+void draw_rows_again();
 // A warning, and a question that only "Yes" answers with true; both draw again the rows that their box
 // covered, because another box may follow.
 void warn(std::string_view message);

@@ -37,11 +37,12 @@ void warn_few_species(const char* advice)
                      advice));
 }
 
-bool reject(int species, std::string_view reason)
+bool reject(int species, std::string_view reason, const std::function<void()>& draw_again)
 {
     const auto error = append_reject(species, reason);
     if (error.empty()) return true;
-    warn("The sequence is kept: " + error);
+    affich_avert("The sequence is kept: " + error, dialog_line);
+    draw_again();
     return false;
 }
 
@@ -79,17 +80,19 @@ void close_ranks()
 
 } // namespace
 
-int destroy_sequence_int(int species, Removal mode)
+int destroy_sequence_int(int species, Removal mode, const std::function<void()>& draw_again)
 {
     if (mode == Removal::unasked_est) {
-        if (!reject(species, "mode EST")) return escaped;
+        if (!reject(species, "mode EST", draw_again)) return escaped;
     } else {
         const auto question =
             text_format("Do you want to definitively delete %s", identifier(species).data());
-        if (!confirmed(question)) return escaped;
+        const auto answer = confirme(question, dialog_line);
+        draw_again();
+        if (answer != answer_yes) return escaped;
         const int reason = _choice_option(dialog_line, 0, reasons, reason_width);
         if (reason == escaped) return escaped;
-        if (reason != without_rejects && !reject(species, reasons[reason])) return escaped;
+        if (reason != without_rejects && !reject(species, reasons[reason], draw_again)) return escaped;
     }
     set_destroyed(species, true);
     mark_changed();

@@ -1,6 +1,10 @@
 // screen: taking a species out of the alignment or out of its ensemble.
 #pragma once
 
+#include "editor/prompts.h"
+
+#include <functional>
+
 namespace kq {
 
 enum class Removal {
@@ -12,8 +16,10 @@ enum class Removal {
 // flagged; other ensembles keep it.
 int destroy_sequence(Removal mode);
 // Asks (by mode), writes the species to the rejects file and flags it: -1 = cancelled, 0 = done. A rejects
-// file that cannot be written cancels, with a warning.
-int destroy_sequence_int(int species, Removal mode);
+// file that cannot be written cancels, with a warning. `draw_again` draws what its boxes have covered; the
+// alignment's rows by default.
+int destroy_sequence_int(int species, Removal mode,
+                         const std::function<void()>& draw_again = draw_rows_again);
 // Takes the cursor's species out of its ensemble, when confirmed.
 void discard_species();
 

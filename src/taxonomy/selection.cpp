@@ -94,6 +94,16 @@ void deselect_many(std::span<const int> list)
         if (rank_of(s) != -1) rank_of(s) = closed_up[static_cast<std::size_t>(rank_of(s))];
 }
 
+void toggle_many(std::span<const int> list)
+{
+    std::vector<int> in, out;
+    for (const int species : list)
+        if (selectable(species)) (rank_of(species) == -1 ? in : out).push_back(species);
+    deselect_many(out);
+    for (const int species : in)
+        give_next_rank(species);
+}
+
 void clear_selection()
 {
     retenu.fill(-1);
@@ -124,6 +134,13 @@ void retenir_all_specie(int mode)
         if (mode == retain_new && new_est[s] == 0) continue;
         select_species(species);
     }
+}
+
+void collect_species_of_group(int group)
+{
+    nb_spec_gro = 0;
+    for (int s = 0; s < nb_spec; s++)
+        if (no_groupe[static_cast<std::size_t>(s)] == group) cor[static_cast<std::size_t>(nb_spec_gro++)] = s;
 }
 
 void move_species_to_group(int species, int family, int group)

@@ -21,7 +21,10 @@ std::span<const int> working_list();
 void select_species(int species);   // next rank, counts up; nothing when selected, destroyed or masked
 void deselect_species(int species); // higher ranks close up, counts down; nothing when not selected
 void deselect_many(std::span<const int> list); // the same for many, in one pass
-void clear_selection();                        // all ranks -1, all nbret_groupe 0
+// Selects those that are not selected, in their order after the others, and deselects those that are; in one
+// pass. Destroyed and masked species stay as they are.
+void toggle_many(std::span<const int> list);
+void clear_selection(); // all ranks -1, all nbret_groupe 0
 // Makes the selection exactly these species, in this order; counts recounted. Masked species stay; a second
 // mention of a species is left out.
 void set_selection(std::span<const int> ranked);
@@ -38,6 +41,8 @@ enum RetainMode : int {
 // Selects the species of the working list.
 void retenir_all_specie(int mode);
 
+// cor = the species of a group, of whatever family.
+void collect_species_of_group(int group);
 // Moves a species to another group (and family): counts of assigned and, when selected, selected species
 // follow.
 void move_species_to_group(int species, int family, int group);

@@ -19,6 +19,7 @@
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/selection.h"
 #include "taxonomy/species_lists.h"
+#include "taxonomy/species_screen.h"
 #include "taxonomy/tree_draw.h"
 #include "taxonomy/tree_walk.h"
 
@@ -179,6 +180,27 @@ TreeRedraw TreeScreen::deselect()
 TreeRedraw TreeScreen::reorder()
 {
     return static_cast<TreeRedraw>(gere_reorder_specie_retenue());
+}
+
+// The species screen on the working list, which holds the group's species.
+TreeRedraw TreeScreen::list_working_species(int group) const
+{
+    if (nb_spec_gro == 0) return warn(text_format("There are no species in %s", groupe[group]).c_str());
+    choice_specie(group);
+    return TreeRedraw::screen;
+}
+
+TreeRedraw TreeScreen::list_species()
+{
+    collect_species_below(*pcour);
+    return list_working_species(pcour->no);
+}
+
+// Whatever their family: those of families that the frame has no copy for are found nowhere else.
+TreeRedraw TreeScreen::list_cupboard()
+{
+    collect_species_of_group(cupboard());
+    return list_working_species(cupboard());
 }
 
 TreeRedraw TreeScreen::finish()

@@ -35,6 +35,8 @@ public:
     TreeRedraw name_ensemble();
     TreeRedraw deselect();
     TreeRedraw reorder();
+    TreeRedraw list_species();
+    TreeRedraw list_cupboard();
     TreeRedraw window_options();
     TreeRedraw choose_colours();
     TreeRedraw to_root();
@@ -66,6 +68,7 @@ private:
     TreeRedraw select_below(int mode);
     TreeRedraw select_by_completeness(int direction);
     TreeRedraw move(void (*step)(node*), int steps);
+    TreeRedraw list_working_species(int group) const;
     TreeRedraw warn(const char* message) const;
     void draw(TreeRedraw redraw);
 

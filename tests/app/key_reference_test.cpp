@@ -6,6 +6,7 @@
 #include "raster/key_names.h"
 #include "support/ali_folder.h"
 #include "taxonomy/reorder_screen.h"
+#include "taxonomy/species_screen.h"
 #include "taxonomy/tree_screen.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,7 @@ TEST(KeyTables, AreWholeAndUnambiguous)
 {
     check_table(kq::chooser_keys);
     check_table(kq::tree_keys);
+    check_table(kq::species_keys);
     check_table(kq::reorder_keys);
     check_table(kq::editor_keys);
     check_table(kq::primary_keys);

@@ -3,6 +3,7 @@
 #include "editor/editor.h"
 #include "raster/key_names.h"
 #include "taxonomy/reorder_screen.h"
+#include "taxonomy/species_screen.h"
 #include "taxonomy/tree_screen.h"
 
 #include <gtest/gtest.h>
@@ -90,6 +91,7 @@ void expect_page(const std::string& page, const KeyTable<Action>& table, std::si
 TEST(HelpPages, NameTheKeysOfTheirScreensAndFitTheirBoxes)
 {
     expect_page("KQ0", chooser_keys, 72, 18);
+    expect_page("KQ1", species_keys, 72, 22);
     expect_page("KQ2", reorder_keys, 72, 26);
     expect_page("KQ3", tree_keys, 76, 29);
     expect_page("KQ4", editor_keys, 76, 28);

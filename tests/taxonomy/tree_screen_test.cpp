@@ -275,7 +275,7 @@ TEST_F(Tree, SurvivesAnyGeometryKeysAndCoordinates)
     const auto pick = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     const std::string_view keys =
         "Up|Down|PgUp|PgDn|Left|Right|Home|F2|S-F2|n|F4 Down Enter|F5 Down 3 F2 Escape n|"
-        "\"<\" Down Enter|F6|Up*7|Right F2|S-F3 a Enter|Down*5|F4 Enter|S-F10 Escape";
+        "\"<\" Down Enter|F6 n|Enter Enter F2|Up*7|Right F2|S-F3 a Enter|Down*5|F4 Enter|S-F10 Escape";
     const auto number = [&pick](bool wild) {
         return std::to_string(wild ? pick(20000000) - 10000000 : pick(500));
     };

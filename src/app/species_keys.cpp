@@ -1,0 +1,46 @@
+// screen: the keys of the species screen.
+#include "editor/species_removal.h"
+#include "raster/keys.h"
+#include "taxonomy/species_screen.h"
+
+namespace kq {
+
+namespace {
+
+template <auto action>
+constexpr SpeciesAction run = [](SpeciesScreen& screen) { return (screen.*action)(); };
+
+// What lies above the screen's folder is handed to it here.
+SpeciesRedraw destroy_species(SpeciesScreen& screen)
+{
+    return screen.destroy_current([](int species, const std::function<void()>& draw_again) {
+        return destroy_sequence_int(species, Removal::asked, draw_again);
+    });
+}
+
+// clang-format off
+constexpr Binding<SpeciesAction> rows[] = {
+    {key::enter,         run<&SpeciesScreen::toggle_selection>,         "select or deselect the species"},
+    {'m',                run<&SpeciesScreen::toggle_mask>,              "mask the species, or take its mask away"},
+    {'+',                run<&SpeciesScreen::next_of_another_ensemble>, "to the next species that is in another ensemble"},
+    {key::f1,            run<&SpeciesScreen::help>,                     "help on this screen"},
+    {key::f2,            run<&SpeciesScreen::select_all>,               "select all species of the list and leave"},
+    {key::shift_f2,      run<&SpeciesScreen::select_free>,              "select those that are in no other ensemble and leave"},
+    {key::alt_backspace, destroy_species,                               "delete the species from the alignment"},
+    {key::shift_f12,     run<&SpeciesScreen::toggle_hundred>,           "select or deselect the next 100 species and leave"},
+    {key::up,            run<&SpeciesScreen::up>,                       "one entry up"},
+    {key::down,          run<&SpeciesScreen::down>,                     "one entry down"},
+    {key::pgup,          run<&SpeciesScreen::page_up>,                  "ten entries up"},
+    {key::pgdn,          run<&SpeciesScreen::page_down>,                "ten entries down"},
+    {key::left,          run<&SpeciesScreen::left>,                     "one column left"},
+    {key::right,         run<&SpeciesScreen::right>,                    "one column right"},
+    {key::escape,        run<&SpeciesScreen::leave>,                    "leave the list"},
+};
+// clang-format on
+static_assert(unique_keys<SpeciesAction>(rows), "a key is bound twice");
+
+} // namespace
+
+constinit const KeyTable<SpeciesAction> species_keys{"Species of a group", rows};
+
+} // namespace kq

@@ -1,0 +1,186 @@
+// The species screen: what it shows, what its keys do.
+#include "core/edit.h"
+#include "screen/text.h"
+#include "taxonomy/species_screen.h"
+#include "tree_fixture.h"
+
+#include <map>
+#include <numeric>
+
+using namespace kq;
+using namespace kq::test;
+
+namespace {
+
+class SpeciesList : public TreeTest {
+public:
+    // Species in the groups A, B, C in turn; the list is all of them, or those of A.
+    void load_many(int count)
+    {
+        reset_taxonomy();
+        std::vector<Row> rows;
+        std::string groups;
+        for (int i = 0; i < count; i++) {
+            const std::string name = "Genus species" + std::to_string(i + 1);
+            rows.push_back({.name = name + "@X" + std::to_string(i + 1)});
+            groups += name + "," + "ABC"[i % 3] + "\n";
+        }
+        load_rows(rows);
+        write_file("zoltexe/FIVE.fra", "1 May\n" + std::string(five_leaves) + "\n");
+        write_file("zolt/data/five.nom", groups);
+        write_file("zolt/data/five.col", "10,A\n3,B\n14,C\n5,E\n");
+        read_taxonomy("FIVE", "five");
+        drap_select.fill(-1);
+        list_all();
+    }
+    static void list_all()
+    {
+        std::iota(cor.begin(), cor.begin() + nb_spec, 0);
+        nb_spec_gro = nb_spec;
+    }
+    Played list(std::string_view keys, int group = not_a_group)
+    {
+        return play(keys, [group] { choice_specie(group); });
+    }
+    static std::vector<int> ranks() { return {retenu.begin(), retenu.begin() + nb_spec}; }
+    // The number in the highlighted name.
+    int current() const
+    {
+        for (int line = 3; line <= _nb_line - 2; line++)
+            for (const int column : {3, 41})
+                if (background_at(line, column) != 0)
+                    return std::stoi(screen_line(line).substr(static_cast<std::size_t>(column) + 17));
+        return 0;
+    }
+    int first_shown() const { return std::stoi(screen_line(3).substr(20)); }
+    void expect_whole(const std::string& what) const
+    {
+        EXPECT_EQ(selection_error() + store_error() + frame_error(), "") << what;
+    }
+};
+
+} // namespace
+
+TEST_F(SpeciesList, LooksLikeThis)
+{
+    load_many(70);
+    new_est[4] = -1;
+    mask[5] = -1;
+    destroy[6] = 1;
+    drap_select[7] = 0;
+    pc_len[8] = 7;
+    set_identifier(9, "Longissimus nominifer subspecies major@X10");
+    list("Enter Down Enter Down*5");
+    EXPECT_SCREEN("species_list");
+    for (const auto& [geometry, golden] : {std::pair{Geometry{.lines = 40, .columns = 120}, "species_wide"},
+                                           std::pair{Geometry{.lines = 20, .columns = 20}, "species_tiny"}}) {
+        open(geometry);
+        list("Right*2", 1);
+        EXPECT_SCREEN(golden);
+    }
+    open({});
+    const auto title = [&](int group) {
+        list("", group);
+        return line(2).substr(19);
+    };
+    EXPECT_TRUE(title(1).starts_with("List of species in group " + std::string(group_name(1))));
+    EXPECT_TRUE(title(0).starts_with("List of species with specific characters"));
+    EXPECT_TRUE(title(not_a_group).starts_with("List of species with specific characters"));
+}
+
+TEST_F(SpeciesList, TheViewFollowsTheCursor)
+{
+    load_many(100); // columns of 30
+    drap_select[49] = drap_select[99] = 0;
+    const struct {
+        const char* keys;
+        int current, first; // from 1
+    } cases[] = {
+        {"", 1, 1},
+        {"Up", 1, 1},
+        {"Right", 31, 1},
+        {"Right*2", 61, 31},
+        {"Right*9", 100, 61},
+        {"Right*9 Left*2", 40, 31},
+        {"PgDn*6 PgUp*4", 21, 1},
+        {"Down*60 Up*31", 30, 1},
+        {"PgDn*9 Left*9", 1, 1},
+        {"+", 50, 1},
+        {"+ +", 100, 61},
+        {"+ + +", 100, 61},
+        {"Right*9 +", 100, 61},
+    };
+    for (const auto& [keys, current_entry, first] : cases) {
+        list(keys);
+        EXPECT_EQ(current(), current_entry) << keys;
+        EXPECT_EQ(first_shown(), first) << keys;
+    }
+}
+
+TEST_F(SpeciesList, SelectingKeepsRanksWithoutHoles)
+{
+    load_many(8);
+    list("Enter*5 Escape");
+    EXPECT_EQ(ranks(), (std::vector{1, 2, 3, 4, 5, -1, -1, -1}));
+    list("Down*2 Enter Escape");
+    EXPECT_EQ(ranks(), (std::vector{1, 2, -1, 3, 4, -1, -1, -1}));
+    EXPECT_TRUE(shows("   3 Genus species4")) << "the ranks on the screen are the new ones";
+    list("m Down*7 m Up Enter Enter Escape");
+    EXPECT_EQ(ranks(), (std::vector{-1, 1, -1, 2, 3, -1, 4, -1})) << "a masked species is not selected";
+    EXPECT_EQ(mask[0] + mask[7], -2);
+    EXPECT_EQ(modif, 0);
+    list("m Escape");
+    EXPECT_EQ(mask[0], 0);
+
+    drap_select[0] = 0;
+    EXPECT_EQ(list("S-F2").ending, Ending::returned);
+    EXPECT_EQ(ranks(), (std::vector{-1, 1, 5, 2, 3, 6, 4, -1}));
+    EXPECT_EQ(list("F2").ending, Ending::returned);
+    EXPECT_EQ(ranks(), (std::vector{7, 1, 5, 2, 3, 6, 4, -1}));
+    list("Down S-F12");
+    EXPECT_EQ(ranks(), (std::vector{1, -1, -1, -1, -1, -1, -1, -1}));
+    EXPECT_EQ(list("S-F12").ending, Ending::returned);
+    EXPECT_EQ(ranks(), (std::vector{-1, 1, 2, 3, 4, 5, 6, -1}));
+
+    load_many(150);
+    list("PgDn S-F12");
+    EXPECT_EQ(nb_retenu, 100);
+    EXPECT_EQ(retenu[10], 1);
+    EXPECT_EQ(retenu[109], 100);
+    expect_whole("");
+}
+
+TEST_F(SpeciesList, ADeletedSpeciesLosesItsRank)
+{
+    load_many(5);
+    file_ALI = "test.ali";
+    list("Enter*3 Up*2 A-BackSpace Y Down Enter Escape");
+    EXPECT_EQ(ranks(), (std::vector{1, -1, 2, -1, -1}));
+    EXPECT_TRUE(destroy[1]);
+    EXPECT_TRUE(shows("del  Genus species2"));
+    EXPECT_TRUE(read_file("seq/test.non").find(">Genus species2@X2\n") != std::string::npos);
+    const std::string rejects = read_file("seq/test.non");
+    EXPECT_EQ(list("Down A-BackSpace Escape").ending, Ending::returned) << "nothing is asked a second time";
+    EXPECT_EQ(read_file("seq/test.non"), rejects);
+    list("A-BackSpace N Escape");
+    EXPECT_FALSE(destroy[0]);
+    expect_whole("");
+}
+
+TEST_F(SpeciesList, OpensFromTheTree)
+{
+    load_five_leaves();
+    EXPECT_EQ(play_tree("Home Enter F2 F3 Enter").ending, Ending::returned);
+    EXPECT_EQ(ensemble_names(), (std::vector<std::string>{"Ant alpha@1", "Elk epsilon@5", "Bee beta@2",
+                                                          "Cat gamma@3", "Fox zeta@6"}));
+    play_tree("F6");
+    EXPECT_TRUE(shows("There are no species in Cupboard"));
+    play_tree("Home Up*2 Enter");
+    EXPECT_TRUE(shows("List of species in group A"));
+    play_tree("Home Down*2 Up Right Down Enter"); // in the subtree
+    EXPECT_TRUE(shows("There are no species in D"));
+    move_species_to_group(1, 0, cupboard());
+    play_tree("F6");
+    EXPECT_TRUE(shows("List of species in group Cupboard"));
+    EXPECT_TRUE(shows("Bee beta@2"));
+}
