@@ -15,10 +15,7 @@ unsigned long long ali_text_size();
 
 // Saves the store to dir_SEQ + file_ALI; the version that was there becomes the .bak file. Empty on success,
 // else what failed; then the alignment and its backup are as they were.
-//
-// The new alignment and the new backup are complete on disk under the names KQ_SAUVE.TMP and KQ_BACKUP.TMP
-// before either is renamed into place, the alignment first: at every instant at least one complete copy is on
-// disk under its own name. A backup that cannot be put in place goes back to where it was copied from.
+// The order inside is that of screen/safe_replace.h; the temporary names are KQ_SAUVE.TMP and KQ_BACKUP.TMP.
 std::string save_ali();
 
 // Writes the store as NAME_rescue.ali (NAME_rescue2.ali... when there is one already) beside the alignment,
