@@ -5,6 +5,7 @@
 #include "editor/editor.h"
 #include "editor/modif_sequence.h"
 #include "raster/key_names.h"
+#include "taxonomy/group_list.h"
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/species_screen.h"
 #include "taxonomy/tree_screen.h"
@@ -40,6 +41,8 @@ std::string key_reference()
     print_table(text, tree_keys);
     print_table(text, species_keys);
     print_table(text, reorder_keys);
+    print_table(text, group_choice_keys);
+    print_table(text, group_colour_keys);
     print_table(text, editor_keys);
     print_table(text, primary_keys);
     return text;

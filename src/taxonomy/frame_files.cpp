@@ -29,7 +29,7 @@ void end_on(const std::string& error)
 }
 
 // Puts a new file in place; what prevents that is shown.
-void write_or_warn(const std::string& directory, const std::string& path, const std::string& text)
+bool write_or_warn(const std::string& directory, const std::string& path, const std::string& text)
 {
     std::string error = cannot_write(directory, text.size());
     if (error.empty()) {
@@ -38,6 +38,7 @@ void write_or_warn(const std::string& directory, const std::string& path, const 
         if (!file.commit()) error = file.error();
     }
     if (!error.empty()) affich_avert(error, warning_line);
+    return error.empty();
 }
 
 } // namespace
@@ -90,9 +91,9 @@ void read_file_COL()
     end_on(assign_colours(read_text_file(file_COL), file_COL));
 }
 
-void write_file_COL()
+bool write_file_COL()
 {
-    write_or_warn(file_COL.substr(0, file_COL.rfind('/') + 1), file_COL, col_text());
+    return write_or_warn(file_COL.substr(0, file_COL.rfind('/') + 1), file_COL, col_text());
 }
 
 } // namespace kq

@@ -5,6 +5,7 @@
 #include "editor/modif_sequence.h"
 #include "raster/key_names.h"
 #include "support/ali_folder.h"
+#include "taxonomy/group_list.h"
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/species_screen.h"
 #include "taxonomy/tree_screen.h"
@@ -34,6 +35,8 @@ TEST(KeyTables, AreWholeAndUnambiguous)
     check_table(kq::tree_keys);
     check_table(kq::species_keys);
     check_table(kq::reorder_keys);
+    check_table(kq::group_choice_keys);
+    check_table(kq::group_colour_keys);
     check_table(kq::editor_keys);
     check_table(kq::primary_keys);
 }
