@@ -4,17 +4,40 @@
 #include "screen/files.h"
 
 #include <array>
+#include <cerrno>
+#include <filesystem>
 
 namespace kq {
 
-std::string read_text_file(const std::string& path)
+namespace {
+
+std::string rest_of(const File& file)
 {
-    const File file = ffopen(path, "r");
     std::string text;
     std::array<char, 65536> piece;
     while (const std::size_t n = std::fread(piece.data(), 1, piece.size(), file.get()))
         text.append(piece.data(), n);
     return text;
+}
+
+} // namespace
+
+std::string read_text_file(const std::string& path)
+{
+    return rest_of(ffopen(path, "r"));
+}
+
+std::string read_whole_file(const std::string& path, std::string& text)
+{
+    text.clear();
+    std::error_code
+        error; // a missing file gets its reason from fopen; a pipe would hold the program for ever
+    if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error))
+        return "Problem in opening file " + path + " (it is not a regular file)";
+    const File file{std::fopen(path.c_str(), "rbe")};
+    if (!file) return file_problem("Problem in opening file", path, errno);
+    text = rest_of(file);
+    return std::ferror(file.get()) ? file_problem("Problem in reading file", path, errno) : "";
 }
 
 std::string_view without_carriage_return(std::string_view line)
