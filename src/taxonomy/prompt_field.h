@@ -1,0 +1,15 @@
+// screen: a box with prompts and the fields behind them.
+#pragma once
+
+#include <string_view>
+
+namespace kq {
+
+// Writes a prompt at (line, 3) of a box; returns the column of its field: the one given, or in a box that a
+// narrow window has cut one further left, before which the prompt ends.
+int outtext_prompt(int line, std::string_view prompt, int field_column);
+
+// Says on the lower frame of the box why a field is not accepted, and rings the bell.
+void refuse_field(std::string_view reason);
+
+} // namespace kq
