@@ -6,6 +6,7 @@
 #include "editor/modif_sequence.h"
 #include "raster/key_names.h"
 #include "taxonomy/group_list.h"
+#include "taxonomy/list_chooser.h"
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/species_screen.h"
 #include "taxonomy/tree_screen.h"
@@ -43,6 +44,7 @@ std::string key_reference()
     print_table(text, reorder_keys);
     print_table(text, group_choice_keys);
     print_table(text, group_colour_keys);
+    print_table(text, list_keys);
     print_table(text, editor_keys);
     print_table(text, primary_keys);
     return text;

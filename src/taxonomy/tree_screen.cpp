@@ -15,6 +15,9 @@
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_layout.h"
 #include "taxonomy/group_file_screen.h"
+#include "taxonomy/list_chooser.h"
+#include "taxonomy/list_saving.h"
+#include "taxonomy/name_search.h"
 #include "taxonomy/partial_selection.h"
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/selection.h"
@@ -201,6 +204,26 @@ TreeRedraw TreeScreen::list_cupboard()
 {
     collect_species_of_group(cupboard());
     return list_working_species(cupboard());
+}
+
+TreeRedraw TreeScreen::save_list()
+{
+    return static_cast<TreeRedraw>(sauvegarde_file_LIS());
+}
+
+TreeRedraw TreeScreen::load_list()
+{
+    return static_cast<TreeRedraw>(choice_file_LIS());
+}
+
+TreeRedraw TreeScreen::search_beginning_of_name()
+{
+    return static_cast<TreeRedraw>(cherche_begin_part_ident(search_beginning));
+}
+
+TreeRedraw TreeScreen::search_part_of_name()
+{
+    return static_cast<TreeRedraw>(cherche_begin_part_ident(search_part));
 }
 
 TreeRedraw TreeScreen::finish()

@@ -35,6 +35,10 @@ public:
     TreeRedraw name_ensemble();
     TreeRedraw deselect();
     TreeRedraw reorder();
+    TreeRedraw save_list();
+    TreeRedraw load_list();
+    TreeRedraw search_beginning_of_name();
+    TreeRedraw search_part_of_name();
     TreeRedraw list_species();
     TreeRedraw list_cupboard();
     TreeRedraw window_options();

@@ -6,6 +6,7 @@
 #include "raster/key_names.h"
 #include "support/ali_folder.h"
 #include "taxonomy/group_list.h"
+#include "taxonomy/list_chooser.h"
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/species_screen.h"
 #include "taxonomy/tree_screen.h"
@@ -37,6 +38,7 @@ TEST(KeyTables, AreWholeAndUnambiguous)
     check_table(kq::reorder_keys);
     check_table(kq::group_choice_keys);
     check_table(kq::group_colour_keys);
+    check_table(kq::list_keys);
     check_table(kq::editor_keys);
     check_table(kq::primary_keys);
 }
