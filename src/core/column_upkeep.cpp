@@ -103,6 +103,48 @@ RowChange::~RowChange()
                   [&](CountTable& counts, int times) { counts.change(first_, before, after, times); });
 }
 
+// ---- many rows
+
+RegionChange::RegionChange(std::span<const int> species, int first, int last)
+    : is_changed_(static_cast<std::size_t>(nb_spec))
+    , first_(first)
+    , last_(last)
+{
+    for (const int i : species)
+        is_changed_[static_cast<std::size_t>(i)] = 1;
+    for_all_tables([this](CountTable& counts, CountedSet set, int e) {
+        const auto texts = changed_texts(set, e);
+        if (counts_anew(counts, texts.size()))
+            counts.clear(first_, last_);
+        else
+            counts.add(texts, first_, last_, Sign::minus);
+    });
+}
+
+RegionChange::~RegionChange()
+{
+    for_all_tables([this](CountTable& counts, CountedSet set, int e) {
+        auto texts = changed_texts(set, e);
+        if (counts_anew(counts, texts.size())) texts = texts_of(set, e);
+        counts.add(texts, first_, last_, Sign::plus);
+    });
+}
+
+std::vector<CountedText> RegionChange::changed_texts(CountedSet set, int ensemble) const
+{
+    std::vector<CountedText> texts;
+    for_rows_of(set, ensemble, [&](int species) {
+        if (is_changed_[static_cast<std::size_t>(species)]) texts.push_back(counted_text(species));
+    });
+    return texts;
+}
+
+// Taking the changed rows out and putting them in again would read more rows than there are.
+bool RegionChange::counts_anew(const CountTable& counts, std::size_t changed) const
+{
+    return 2 * changed >= static_cast<std::size_t>(counts.members());
+}
+
 // ---- an ensemble edited as one
 
 namespace {

@@ -42,6 +42,23 @@ private:
     int ensemble_, first_;
 };
 
+// Many rows change within the columns [first, last) while this lives. A table that counts mostly other rows
+// is changed by these alone; the others are counted anew in these columns, once.
+class RegionChange {
+public:
+    RegionChange(std::span<const int> species, int first, int last);
+    ~RegionChange();
+    RegionChange(const RegionChange&) = delete;
+    RegionChange& operator=(const RegionChange&) = delete;
+
+private:
+    std::vector<CountedText> changed_texts(CountedSet set, int ensemble) const;
+    bool counts_anew(const CountTable& counts, std::size_t changed) const;
+
+    std::vector<char> is_changed_; // by species
+    int first_, last_;
+};
+
 // n columns open at p in every row but the kept ones while this lives. When it ends the rows, and nb_nuc_tot,
 // have changed.
 class OpeningColumns {

@@ -171,6 +171,21 @@ void replace_text(int species, std::string_view text)
     set_length(species, static_cast<int>(text.size()));
 }
 
+void rewrite_columns(std::span<const int> species, int first, int last,
+                     const std::function<void(std::span<char>)>& change)
+{
+    assert(first >= 0 && first < last && last <= nb_nuc_tot);
+    std::vector<int> once(species.begin(), species.end());
+    std::ranges::sort(once);
+    once.erase(std::unique(once.begin(), once.end()), once.end());
+    const RegionChange watch(once, first, last);
+#pragma omp parallel for schedule(static) if (once.size() > 100)
+    for (const int i : once) {
+        fill_up(i, nb_nuc_tot);
+        change({row_storage(i) + first, static_cast<std::size_t>(last - first)});
+    }
+}
+
 bool insert_residue(int species, int p, char c)
 {
     const int new_length = std::max(length_of(species), p) + 1;

@@ -8,6 +8,7 @@
 // nb_nuc_tot is never lost.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -50,6 +51,12 @@ bool all_editable_gaps(const Rows& rows, int p);
 void overwrite(int species, int p, std::string_view text);
 // Replaces the whole text of a row, the part beyond nb_nuc_tot included; shorter than a row's stride.
 void replace_text(int species, std::string_view text);
+
+// Changes the columns [first, last) of many rows, 0 <= first < last <= nb_nuc_tot: `change` gets those
+// characters of each of the species once, in no order and from several threads, and puts others in their
+// place, no NUL among them. Shorter rows are filled up with blanks first. Counts change once, after all rows.
+void rewrite_columns(std::span<const int> species, int first, int last,
+                     const std::function<void(std::span<char>)>& change);
 
 // Typing into a primary sequence: the row's own text grows or shrinks by one, the alignment keeps its length.
 // insert_residue returns false when the row has reached one byte before its stride, or the longest line that

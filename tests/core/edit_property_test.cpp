@@ -50,7 +50,7 @@ public:
             &Editing::add_row,       &Editing::new_ensemble,   &Editing::drop_ensemble,
             &Editing::fill_ensemble, &Editing::fill_ensemble,  &Editing::append,
             &Editing::discard,       &Editing::toggle,         &Editing::toggle,
-            &Editing::change_option,
+            &Editing::change_option, &Editing::reverse,        &Editing::reverse,
         };
         (this->*actions[below(std::size(actions))])();
         return model_.difference();
@@ -142,6 +142,18 @@ private:
         note("overwrite", species, p, static_cast<int>(written.size()));
         overwrite(species, p, written);
         model_.overwrite(species, p, written);
+    }
+    void reverse()
+    {
+        const int first = column(), last = first + 1 + below(model_.columns - first);
+        std::vector<int> chosen;
+        for (int species = 0; species < nb_spec; species++)
+            if (below(3)) chosen.push_back(species);
+        if (below(2)) chosen = rows_of(any_ensemble());
+        note("reverse", static_cast<int>(chosen.size()), first, last);
+        model_.reverse_columns(chosen, first, last);
+        if (!chosen.empty()) chosen.push_back(chosen.front()); // given twice, changed once
+        rewrite_columns(chosen, first, last, [](std::span<char> text) { std::ranges::reverse(text); });
     }
     void type_residue()
     {

@@ -61,6 +61,15 @@ void PlainModel::overwrite(int species, int p, std::string_view text)
     row.replace(static_cast<std::size_t>(p), text.size(), text);
 }
 
+void PlainModel::reverse_columns(const std::vector<int>& species, int first, int last)
+{
+    for (const int i : species) {
+        auto& row = rows[static_cast<std::size_t>(i)];
+        row = padded_to(row, columns);
+        std::reverse(row.begin() + first, row.begin() + last);
+    }
+}
+
 void PlainModel::insert_residue(int species, int p, char c)
 {
     auto& row = rows[static_cast<std::size_t>(species)];

@@ -24,6 +24,7 @@ struct PlainModel {
     void insert_chars(const std::vector<int>& species, int p, int n, char c);
     void delete_chars(const std::vector<int>& species, int p, int n);
     void overwrite(int species, int p, std::string_view text);
+    void reverse_columns(const std::vector<int>& species, int first, int last); // through rewrite_columns
     void insert_residue(int species, int p, char c);
     void delete_residue(int species, int p);
     void grow(int n);
