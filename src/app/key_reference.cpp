@@ -3,7 +3,9 @@
 
 #include "core/chooser.h"
 #include "editor/editor.h"
+#include "editor/est_mode.h"
 #include "editor/modif_sequence.h"
+#include "editor/region.h"
 #include "raster/key_names.h"
 #include "taxonomy/group_list.h"
 #include "taxonomy/list_chooser.h"
@@ -30,6 +32,15 @@ void print_table(std::string& text, const KeyTable<Action>& table)
     if (table.folds_case) text += "\nLetters work in upper and lower case.\n";
 }
 
+void print_mode(std::string& text, const ModeKeys& mode)
+{
+    print_table(text, mode.own);
+    text += "\nAs in the editor:";
+    for (const int key : mode.shared)
+        if (editor_keys.find(key)) text += " `" + key_name(key) + '`';
+    text += '\n';
+}
+
 } // namespace
 
 std::string key_reference()
@@ -47,6 +58,8 @@ std::string key_reference()
     print_table(text, list_keys);
     print_table(text, editor_keys);
     print_table(text, primary_keys);
+    print_mode(text, est_keys);
+    print_mode(text, region_keys);
     return text;
 }
 

@@ -3,6 +3,7 @@
 
 #include "core/columns.h"
 #include "core/consensus.h"
+#include "core/merging.h"
 #include "core/options.h"
 #include "core/store.h"
 
@@ -13,6 +14,7 @@ void libere_memoire()
     store_release();
     columns_release();
     consensus_release();
+    mergeable_reset();
 }
 
 void alignment_reset()

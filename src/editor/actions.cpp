@@ -19,9 +19,8 @@
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_layout.h"
 
-#include <algorithm>
-#include <array>
 #include <string_view>
+#include <vector>
 
 namespace kq {
 
@@ -197,24 +196,13 @@ Redraw window_options_key()
 
 Redraw choice_various_options()
 {
-    struct Entry {
-        std::string_view label;
-        void (*run)(); // null: nothing yet
-    };
-    static constexpr Entry entries[] = {
-        {"Using the mode EST", nullptr},
-        {"Selecting a region for compacting gaps to left", nullptr},
-        {"Selecting a region for compacting gaps to right", nullptr},
-        {"Selecting a region for realignment by ClustalW", nullptr},
-        {"Writing a .nom file usable by dalvex", nullptr},
-        {"Writing multiple .ali files (one per ensemble)", nullptr},
-    };
     constexpr int entry_width = 50;
-    std::array<std::string_view, std::size(entries)> labels;
-    std::transform(std::begin(entries), std::end(entries), labels.begin(),
-                   [](const Entry& entry) { return entry.label; });
+    std::vector<std::string_view> labels;
+    for (const auto& option : various_options)
+        labels.push_back(option.text);
     const int chosen = _choice_option(dialog_line, 0, labels, entry_width);
-    if (chosen != escaped && entries[chosen].run) entries[chosen].run();
+    if (chosen == escaped) return redraw_screen;
+    if (const auto run = various_options[static_cast<std::size_t>(chosen)].run) run();
     return redraw_screen;
 }
 

@@ -3,6 +3,9 @@
 
 #include "editor/redraw.h"
 
+#include <span>
+#include <string_view>
+
 namespace kq {
 
 // ---- characters at the cursor
@@ -30,5 +33,11 @@ Redraw other_file_key();  // save check, then whether to leave the editor
 Redraw end_program_key(); // save check, then the exit confirmation
 Redraw window_options_key();
 Redraw choice_various_options(); // the menu of key O
+
+struct VariousOption {
+    std::string_view text; // at most 50 characters
+    void (*run)();         // null: nothing yet
+};
+extern const std::span<const VariousOption> various_options; // app/various_options.cpp
 
 } // namespace kq

@@ -246,11 +246,37 @@ void affich_consensus(int first_column, int offset)
     writer.finish();
 }
 
-void affich_region_bound(std::string_view label, int position, int label_column, int number_column)
+// How the bounds of the region are laid out: columns of the line from the left edge of the area. A line too
+// narrow for one layout takes the next.
+struct RegionLayout {
+    int width;
+    struct Bound {
+        std::string_view label;
+        int label_column, number_column;
+    } beginning, end;
+};
+constexpr RegionLayout region_layouts[] = {
+    {68, {"Beginning of selected region", 1, 30}, {"End of selected region", 40, 63}},
+    {47, {"Beginning of selected region", 1, 30}, {"End", 38, 42}},
+    {28, {"Beginning", 1, 11}, {"End", 19, 23}},
+    {0, {"", 1, 1}, {"", 8, 8}},
+};
+
+void affich_region_bound(const RegionLayout::Bound& bound, int position)
 {
     if (position == -1) return;
-    outtext_at(1, label_column, color::light_grey, label);
-    outtext_at(1, number_column, color::yellow, text_format("%6d", position + 1));
+    outtext_at(1, bound.label_column, color::light_grey, bound.label);
+    outtext_at(1, bound.number_column, color::yellow, text_format("%6d", position + 1));
+}
+
+void affich_region()
+{
+    const int width = std::max(_nb_col - area_column + 1, 0);
+    const auto* layout = region_layouts;
+    while (layout->width > width)
+        layout++;
+    affich_region_bound(layout->beginning, pos_deb);
+    affich_region_bound(layout->end, pos_fin);
 }
 
 } // namespace
@@ -265,8 +291,7 @@ void affich_penultimate_line(int first_column, int offset)
     previous_consensus = opt_consensus;
 
     if (kq_mode == 2) {
-        affich_region_bound("Beginning of selected region", pos_deb, 1, 30);
-        affich_region_bound("End of selected region", pos_fin, 40, 63);
+        affich_region();
     } else if (kq_mode == 0 && opt_consensus != 0) {
         affich_consensus(first_column, offset);
     } else if (kq_mode == 0) {

@@ -38,7 +38,9 @@ void choice_char_color_cons(char c, int level);
 void affich_penultimate_line(int first_column, int offset);
 // Draws the cursor (on) or removes it.
 void affich_nuc_site(bool on);
-// The cursor's position and residue count at the left of the line under the area.
+// The cursor's position and residue count at the left of the line under the area, and what they take of it
+// with a blank behind them.
+inline constexpr int cursor_numbers_width = 14;
 void affich_cursor_numbers();
 // The same with the cursor's ensemble and species where there is no consensus line.
 void affich_status();

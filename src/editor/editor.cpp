@@ -7,6 +7,8 @@
 #include "editor/view.h"
 #include "raster/grx.h"
 
+#include <algorithm>
+
 #ifdef KQ_INVARIANTS
 #include "core/column_counts.h"
 #include "core/store.h"
@@ -60,20 +62,37 @@ void draw_again(Redraw redraw)
 
 } // namespace
 
-int gere_affich_seq()
+const Binding<EditorAction>* ModeKeys::find(int key) const
 {
-    affich_status();
+    if (const auto* binding = own.find(key)) return binding;
+    const auto* binding = editor_keys.find(key);
+    if (binding && own.folds_case) key = binding->key;
+    return std::ranges::find(shared, key) == shared.end() ? nullptr : binding;
+}
+
+int read_key_at_cursor()
+{
     affich_nuc_site(true);
     const int pressed = GrKeyRead();
     affich_nuc_site(false);
+    return pressed;
+}
 
-    const auto* binding = editor_keys.find(pressed);
-    if (!binding) return 0;
+Redraw run_key(const Binding<EditorAction>* binding)
+{
+    if (!binding) return redraw_none;
     const Redraw redraw = binding->run();
-    if (redraw == leave_editor) return -1;
+    if (redraw == leave_editor) return redraw;
     check_invariants();
     draw_again(redraw);
-    return 0;
+    return redraw;
+}
+
+int gere_affich_seq()
+{
+    affich_status();
+    const Redraw redraw = run_key(editor_keys.find(read_key_at_cursor()));
+    return redraw == leave_editor ? -1 : 0;
 }
 
 int gere_seq()

@@ -2,7 +2,9 @@
 #include "app/key_reference.h"
 #include "core/chooser.h"
 #include "editor/editor.h"
+#include "editor/est_mode.h"
 #include "editor/modif_sequence.h"
+#include "editor/region.h"
 #include "raster/key_names.h"
 #include "support/ali_folder.h"
 #include "taxonomy/group_list.h"
@@ -12,6 +14,8 @@
 #include "taxonomy/tree_screen.h"
 
 #include <gtest/gtest.h>
+
+#include <set>
 
 namespace {
 
@@ -28,6 +32,20 @@ void check_table(const kq::KeyTable<Action>& table)
     }
 }
 
+// Shared keys are named once, not bound anew, and upper-case where the table folds letters.
+void check_mode(const kq::ModeKeys& mode)
+{
+    check_table(mode.own);
+    std::set<int> seen;
+    for (const int key : mode.shared) {
+        EXPECT_FALSE(kq::key_name(key).empty()) << mode.own.title << ", key " << key << " has no name";
+        EXPECT_TRUE(seen.insert(key).second) << mode.own.title << " shares key " << key << " twice";
+        EXPECT_EQ(mode.own.find(key), nullptr) << mode.own.title << " binds the shared key " << key;
+        EXPECT_EQ(mode.find(key), kq::editor_keys.find(key)) << mode.own.title << ", key " << key;
+        EXPECT_FALSE(mode.own.folds_case && key >= 'a' && key <= 'z') << mode.own.title << ", key " << key;
+    }
+}
+
 } // namespace
 
 TEST(KeyTables, AreWholeAndUnambiguous)
@@ -41,6 +59,8 @@ TEST(KeyTables, AreWholeAndUnambiguous)
     check_table(kq::list_keys);
     check_table(kq::editor_keys);
     check_table(kq::primary_keys);
+    check_mode(kq::est_keys);
+    check_mode(kq::region_keys);
 }
 
 TEST(KeyTables, ArePrintedInTheReference)

@@ -123,7 +123,7 @@ TEST_F(EditorScreenTest, DialogsLeaveNoTraces)
     edit("Right");
     EXPECT_EQ(screen_dump(), before);
     for (const char* keys : {"Right S-F4 N", "Right D N", "Right X Escape", "Right U N", "Right P N",
-                             "Right F11 Escape", "Right O Escape", "Right O Enter", "Right S-F1 N",
+                             "Right F11 Escape", "Right O Escape", "Right O Enter Escape", "Right S-F1 N",
                              "Right Escape N", "Right S-F9 Escape", "Right F3 N", "Right A-BackSpace Escape",
                              "Right S-F8 N", "Right S-F8 Y Escape", "Right F1 Escape"}) {
         edit(keys);
@@ -154,7 +154,8 @@ TEST_F(EditorScreenTest, NoKeyBreaksTheEditor)
         "Q|S-F4 Y|"
         "U Y|X Y Enter|X Y Down Enter|P Y|D Y|A-BackSpace Y Enter|A-BackSpace Y Up Enter|"
         "S-F8 Y \"AC*-\" BackSpace Delete Right Escape N N|S-F8 Y End \"GGG\" Escape N N|"
-        "S-F9 N Enter \"ACGT*\" Enter|S-F12|F5|O Enter|Escape N N|S-F1 N N|F1 Escape|A-KPPlus|A-KPMinus";
+        "S-F9 N Enter \"ACGT*\" Enter|S-F12|F5|O Enter F2|R Y|L Y|F2 Y|F12 Y|Escape N N|S-F1 N N|F1 "
+        "Escape|A-KPPlus|A-KPMinus";
     const test::Geometry sizes[] = {{20, 20}, {20, 29}, {20, 31}, {21, 37}, {34, 80}, {200, 200}};
     for (unsigned round = 0; round < 24; round++) {
         std::mt19937 random(round);

@@ -112,4 +112,33 @@ std::vector<unsigned char> hidden_columns(const Texts& rows, int columns)
     return hidden;
 }
 
+Differences differences_beside(std::string_view a, std::string_view b,
+                               const std::vector<unsigned char>& hidden, int position)
+{
+    Differences found;
+    int since = 0; // shown columns since the last difference, of either side
+    for (int p = 0; p < std::ssize(hidden); p++) {
+        const auto i = static_cast<std::size_t>(p);
+        if (hidden[i] != 0) continue;
+        since++;
+        const char x = i < a.size() ? a[i] : ' ', y = i < b.size() ? b[i] : ' ';
+        if (x == y || x == ' ' || y == ' ') continue;
+        auto& side = p < position ? found.left : found.right;
+        if (side.count++ > 0) side.spacing += since;
+        since = 0;
+    }
+    for (auto* side : {&found.left, &found.right})
+        side->spacing = side->count < 2 ? 0 : side->spacing / (side->count - 1);
+    return found;
+}
+
+std::string compacted(std::string_view region)
+{
+    std::string result;
+    for (const char c : region)
+        if (c != '*' && c != '-' && c != ' ') result += c;
+    result.resize(region.size(), '*');
+    return result;
+}
+
 } // namespace kq::plain

@@ -2,6 +2,8 @@
 // them, benchmarks stand beside them.
 #pragma once
 
+#include "editor/difference_counter.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,5 +23,12 @@ Consensus ensemble_consensus(const Texts& rows, int columns, int type, const cha
 
 // 255 where every row holds "*", a blank, "$" or "-", else 0.
 std::vector<unsigned char> hidden_columns(const Texts& rows, int columns);
+
+// The differences on either side of a position, walked from the first column to the last.
+Differences differences_beside(std::string_view a, std::string_view b,
+                               const std::vector<unsigned char>& hidden, int position);
+
+// A region with its residues pushed to the left.
+std::string compacted(std::string_view region);
 
 } // namespace kq::plain

@@ -1,0 +1,22 @@
+// screen: the editor's menu of various options.
+#include "editor/actions.h"
+#include "editor/est_mode.h"
+
+namespace kq {
+
+namespace {
+
+constexpr VariousOption entries[] = {
+    {"Using the mode EST", [] { gere_mode_est(); }},
+    {"Selecting a region for compacting gaps to left", nullptr},
+    {"Selecting a region for compacting gaps to right", nullptr},
+    {"Selecting a region for realignment by ClustalW", nullptr},
+    {"Writing a .nom file usable by dalvex", nullptr},
+    {"Writing multiple .ali files (one per ensemble)", nullptr},
+};
+
+} // namespace
+
+constinit const std::span<const VariousOption> various_options{entries};
+
+} // namespace kq

@@ -1,0 +1,58 @@
+// The counter of EST mode against the plain walk over the columns.
+#include "editor/difference_counter.h"
+#include "support/plain_reference.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace kq;
+
+namespace {
+
+bool same(const SideDifferences& a, const SideDifferences& b)
+{
+    return a.count == b.count && a.spacing == b.spacing;
+}
+
+} // namespace
+
+TEST(DifferenceCounter, SkipsHiddenColumnsAndBlanks)
+{
+    //                               0123456789
+    constexpr std::string_view a = "AC GTTACGT";
+    constexpr std::string_view b = "GC-ATG CCA"; // differ at 0, 3, 5 (hidden), 8, 9
+    constexpr unsigned char hidden[] = {0, 0, 0, 0, 0, 255, 0, 0, 0, 0};
+    const auto [left, right] = count_differences_beside(a, b, hidden, 8);
+    EXPECT_EQ(left.count, 2);
+    EXPECT_EQ(left.spacing, 3.0);
+    EXPECT_EQ(right.count, 2);
+    EXPECT_EQ(right.spacing, 1.0) << "neighbours";
+    EXPECT_EQ(count_differences_beside(a, b, hidden, 1).left.spacing, 0.0) << "a single one";
+}
+
+TEST(DifferenceCounter, EqualsThePlainWalk)
+{
+    std::mt19937 random(4);
+    for (int round = 0; round < 3000; round++) {
+        const auto columns = round % 40 == 0 ? 1000 + random() % 3000 : 1 + random() % 80;
+        const std::string letters = round % 3 ? "AC" : "ACGTacgt *- ";
+        std::string a(columns - random() % columns, ' '), b(columns - random() % columns, ' ');
+        for (auto* text : {&a, &b})
+            for (char& c : *text)
+                c = letters[random() % letters.size()];
+        if (round % 5 == 0) b = a.substr(0, a.size() / 2) + b;
+        b.resize(std::min(b.size(), columns));
+        std::vector<unsigned char> hidden(columns);
+        for (auto& flag : hidden)
+            flag = random() % 4 ? 0 : 255;
+        for (const auto position : {0UL, random() % columns, columns - 1}) {
+            const int p = static_cast<int>(position);
+            const auto fast = count_differences_beside(a, b, hidden, p);
+            const auto plain = plain::differences_beside(a, b, hidden, p);
+            ASSERT_TRUE(same(fast.left, plain.left) && same(fast.right, plain.right))
+                << a << "\n"
+                << b << "\nat " << p << ", round " << round;
+        }
+    }
+}
