@@ -8,6 +8,7 @@
 #include "editor/ensemble_display.h"
 #include "editor/modif_sequence.h"
 #include "editor/navigation.h"
+#include "editor/similarity.h"
 #include "editor/species_removal.h"
 #include "editor/view.h"
 #include "raster/keys.h"
@@ -67,12 +68,18 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {'-',                   [] { return scroll_rows(-1, 1); },                         "scroll one row up"},
     {key::alt_keypad_plus,  [] { return scroll_rows(1, half_screen()); },              "scroll half a screen down"},
     {key::alt_keypad_minus, [] { return scroll_rows(-1, half_screen()); },             "scroll half a screen up"},
+    {',',                   [] { return seek_in_top_row(typed_pattern, apply_clear_hit, 0, 500); }, "align on the similar residues of the top row"},
+    {'/',                   [] { return seek_in_top_row(typed_pattern, show_hits, 1, 200); }, "show similar residues of the top row"},
+    {';',                   [] { return seek_in_top_row(short_pattern, show_hits, 1, 100); }, "show residues similar to the next 10"},
+    {'.',                   align_once_key,                                            "align on the next gap of the top row"},
+    {'A',                   align_all_key,                                             "align on all gaps of the top row"},
     {'C',                   next_difference_key,                                       "next difference from the top row"},
     {'D',                   all_rows<discard_species>,                                 "take the species out of its ensemble"},
     {'E',                   all_rows<[] { toggle_ensemble_display(ens_curs); }>,       "collapse or expand the ensemble"},
     {'M',                   magic_move,                                                "to the top row of the screen"},
     {'O',                   choice_various_options,                                    "various options"},
     {'P',                   partial_key,                                               "the sequence is partial"},
+    {'S',                   gere_similitude,                                           "menu of similarity searches"},
     {'U',                   all_rows<supprime_gap>,                                    "remove all gaps of the sequence"},
     {'X',                   shorten_key,                                               "shorten the sequence"},
     {key::home,             goto_debut,                                                "first position"},
