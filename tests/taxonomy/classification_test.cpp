@@ -1,0 +1,66 @@
+// Classifications in information files.
+#include "taxonomy/classification.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace kq;
+
+TEST(Classification, IsTheNextOneBehindTheAccession)
+{
+    const std::string inf = "[ORG] Homo\n[ACC] X1\n[SYS] Eukaryota; Metazoa;\nMammalia; Homo.\n[BLA] 1\n\n"
+                            "[ACC] X12 X3\r\n[DEF] none\r\nsee [SYS] Bacteria;\r\nBacillus.\r\n\r\n"
+                            "[SYS] of nobody\n[ACC] Z9";
+    const struct {
+        const char* accession;
+        const char* text;
+    } cases[] = {
+        {"X1", "[SYS] Eukaryota; Metazoa; Mammalia; Homo."},
+        {"X12", "see [SYS] Bacteria; Bacillus. "},
+        {"X3", "see [SYS] Bacteria; Bacillus. "},
+        {"1", "[SYS] Eukaryota; Metazoa; Mammalia; Homo."}, // the first line with it
+        {"none", "see [SYS] Bacteria; Bacillus. "},
+        {"Metazoa", "see [SYS] Bacteria; Bacillus. "}, // behind the line, not in it
+        {"Bacillus.", "[SYS] of nobody"},
+        {"Z9", ""},
+        {"X4", ""},
+        {"", ""},
+    };
+    for (const auto& [accession, text] : cases)
+        EXPECT_EQ(classification_of(inf, accession), text) << accession;
+    EXPECT_EQ(classification_of("", "X1"), "");
+    EXPECT_EQ(accession_of("Homo sapiens@X1@2"), "X1@2");
+    EXPECT_EQ(accession_of("Homo sapiens@"), "");
+    EXPECT_EQ(accession_of("Homo sapiens"), "");
+}
+
+TEST(Classification, ManyAtOnceAreAsOneByOne)
+{
+    std::mt19937 random(3405);
+    const auto pick = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+    const std::string_view pieces[] = {"[ACC] ", "[SYS] ", "AB", "A", "B1", ";", ". ", "\n", "\n", "\r\n"};
+    for (int round = 0; round < 500; round++) {
+        std::string inf;
+        for (int i = pick(60); i > 0; i--)
+            inf += pieces[pick(10)];
+        std::vector<std::string> names;
+        for (int i = 0; i < 8; i++)
+            names.push_back(std::string(pieces[2 + pick(3)]) + std::string(pieces[2 + pick(3)]));
+        const std::vector<std::string_view> accessions(names.begin(), names.end());
+        const auto texts = classifications_of(inf, accessions);
+        for (std::size_t i = 0; i < names.size(); i++)
+            ASSERT_EQ(texts[i], classification_of(inf, names[i])) << names[i] << " in\n" << inf;
+    }
+}
+
+TEST(Classification, WordsAreReadFromTheRight)
+{
+    using Words = std::vector<std::string>;
+    EXPECT_EQ(group_words("[SYS] Bacteria; Proteobacteria; Gammaproteobacteria."),
+              (Words{"Gammaproteobacteria", "Proteobacteria", "Bacteria"}));
+    EXPECT_EQ(group_words("[SYS] G_PROTEO;x  12 ?;"), (Words{"?", "12", "G_proteo"}));
+    EXPECT_EQ(group_words("[SYS]"), Words{});
+    EXPECT_EQ(group_words(" ; .\t "), Words{}) << "a tab is no blank";
+    EXPECT_EQ(group_words(""), Words{});
+}
