@@ -42,6 +42,7 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {key::f1,               help_key,                                                  "help"},
     {key::f3,               create_ensemble_key,                                       "create an ensemble"},
     {key::f5,               sequences<write_file_ALI>,                                 "save the alignment"},
+    {key::f10,              change_group_key,                                          "change the group of the species"},
     {key::shift_f1,         other_file_key,                                            "work on another file"},
     {key::shift_f2,         delete_many_key,                                           "delete all gaps at the cursor"},
     {key::tab,              delete_many_key,                                           "delete all gaps at the cursor"},

@@ -11,6 +11,7 @@
 #include "taxonomy/list_chooser.h"
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/species_screen.h"
+#include "taxonomy/tree_colours.h"
 #include "taxonomy/tree_screen.h"
 
 namespace kq {
@@ -51,6 +52,7 @@ std::string key_reference()
         "PgUp and PgDn move the highlight.\n";
     print_table(text, chooser_keys);
     print_table(text, tree_keys);
+    print_table(text, tree_colour_keys);
     print_table(text, species_keys);
     print_table(text, reorder_keys);
     print_table(text, group_choice_keys);

@@ -1,5 +1,6 @@
 // model: the keys of the tree screen.
 #include "raster/keys.h"
+#include "taxonomy/tree_colours.h"
 #include "taxonomy/tree_screen.h"
 
 namespace kq {
@@ -25,6 +26,8 @@ constexpr Binding<TreeAction> rows[] = {
     {key::f10,       &TreeScreen::search_part_of_name,      "the species whose name contains a text, one by one"},
     {key::enter,     &TreeScreen::list_species,      "the species below the current node, one by one"},
     {key::shift_f10, &TreeScreen::window_options,    "window size and font"},
+    {key::f11,       &TreeScreen::colour_all_groups, "change the colours of all groups, on a list"},
+    {key::shift_f11, &TreeScreen::colour_leaves,     "change the colours of the groups in view, from the current leaf on"},
     {key::shift_f12, &TreeScreen::choose_colours,    "choose another file of group colours"},
     {key::home,      &TreeScreen::to_root,           "to the root of the view"},
     {key::up,        &TreeScreen::up,                "one leaf up"},
@@ -33,14 +36,33 @@ constexpr Binding<TreeAction> rows[] = {
     {key::pgdn,      &TreeScreen::four_down,         "four leaves down"},
     {key::left,      &TreeScreen::to_parent,         "to the parent; from the root of a subtree back to the enclosing view"},
     {key::right,     &TreeScreen::into_subtree,      "into the subtree behind an arrow"},
+    {key::backspace, &TreeScreen::split_bacteria,    "first ensemble, nothing selected: five ensembles of bacteria"},
     {key::shift_f1,  &TreeScreen::other_alignment,   "load another alignment"},
     {key::escape,    &TreeScreen::quit,              "leave the program"},
 };
+
+constexpr std::string_view colour_note = "give the group of the leaf the colour of this key";
+constexpr Binding<TreeColourAction> colour_rows[] = {
+    {key::up,     &TreeColourScreen::up,     "one leaf up"},
+    {key::down,   &TreeColourScreen::down,   "one leaf down"},
+    {key::f5,     &TreeColourScreen::save,   "write the colour file and return"},
+    {key::escape, &TreeColourScreen::cancel, "return to the colours of the file"},
+    {'0', &TreeColourScreen::recolour, colour_note}, {'1', &TreeColourScreen::recolour, colour_note},
+    {'2', &TreeColourScreen::recolour, colour_note}, {'3', &TreeColourScreen::recolour, colour_note},
+    {'4', &TreeColourScreen::recolour, colour_note}, {'5', &TreeColourScreen::recolour, colour_note},
+    {'6', &TreeColourScreen::recolour, colour_note}, {'7', &TreeColourScreen::recolour, colour_note},
+    {'8', &TreeColourScreen::recolour, colour_note}, {'9', &TreeColourScreen::recolour, colour_note},
+    {'/', &TreeColourScreen::recolour, colour_note}, {'*', &TreeColourScreen::recolour, colour_note},
+    {'-', &TreeColourScreen::recolour, colour_note}, {'+', &TreeColourScreen::recolour, colour_note},
+    {'.', &TreeColourScreen::recolour, colour_note},
+};
 // clang-format on
+static_assert(unique_keys<TreeColourAction>(colour_rows), "a key is bound twice");
 static_assert(unique_keys<TreeAction>(rows), "a key is bound twice");
 
 } // namespace
 
 constinit const KeyTable<TreeAction> tree_keys{"Tree screen", rows, true};
+constinit const KeyTable<TreeColourAction> tree_colour_keys{"Colours on the tree", colour_rows};
 
 } // namespace kq

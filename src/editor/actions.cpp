@@ -18,6 +18,8 @@
 #include "taxonomy/ensembles.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_layout.h"
+#include "taxonomy/group_assignment.h"
+#include "taxonomy/group_moves.h"
 
 #include <string_view>
 #include <vector>
@@ -124,6 +126,12 @@ Redraw partial_key()
     sequence_partielle();
     reactualise(ens_curs);
     return redraw_all_rows;
+}
+
+Redraw change_group_key()
+{
+    if (const int species = require_species(); species >= 0) change_groupe(species, no_list, MoveHow::chosen);
+    return redraw_screen;
 }
 
 // ---- moves

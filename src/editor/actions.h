@@ -20,6 +20,7 @@ Redraw remove_gaps_left_key();
 Redraw remove_gaps_right_key();
 Redraw shorten_key();
 Redraw partial_key();
+Redraw change_group_key(); // asks for the group of the cursor's species
 
 // ---- moves
 Redraw scroll_rows(int direction, int times);

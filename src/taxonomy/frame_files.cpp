@@ -5,6 +5,7 @@
 #include "screen/directories.h"
 #include "screen/files.h"
 #include "screen/process_end.h"
+#include "screen/text.h"
 #include "taxonomy/fra_file.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_build.h"
@@ -39,6 +40,13 @@ bool write_or_warn(const std::string& directory, const std::string& path, const 
     }
     if (!error.empty()) affich_avert(error, warning_line);
     return error.empty();
+}
+
+// As before the colour file is read.
+void forget_colours()
+{
+    for (int& colour : color_groupe)
+        if (colour != -1) colour = color::light_grey;
 }
 
 } // namespace
@@ -89,6 +97,20 @@ void read_file_NOM()
 void read_file_COL()
 {
     end_on(assign_colours(read_text_file(file_COL), file_COL));
+}
+
+bool reread_file_COL()
+{
+    const auto before = color_groupe;
+    std::string text, error = read_whole_file(file_COL, text);
+    if (error.empty()) {
+        forget_colours();
+        error = assign_colours(text, file_COL);
+    }
+    if (error.empty()) return true;
+    color_groupe = before;
+    affich_avert(error.substr(0, error.find('\n')), warning_line);
+    return false;
 }
 
 bool write_file_COL()

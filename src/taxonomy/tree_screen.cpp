@@ -15,6 +15,7 @@
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_layout.h"
 #include "taxonomy/group_file_screen.h"
+#include "taxonomy/group_list.h"
 #include "taxonomy/list_chooser.h"
 #include "taxonomy/list_saving.h"
 #include "taxonomy/name_search.h"
@@ -23,6 +24,7 @@
 #include "taxonomy/selection.h"
 #include "taxonomy/species_lists.h"
 #include "taxonomy/species_screen.h"
+#include "taxonomy/tree_colours.h"
 #include "taxonomy/tree_draw.h"
 #include "taxonomy/tree_walk.h"
 
@@ -304,10 +306,27 @@ TreeRedraw TreeScreen::window_options()
     return TreeRedraw::screen;
 }
 
+TreeRedraw TreeScreen::colour_all_groups()
+{
+    change_color_all_groupe();
+    return TreeRedraw::screen;
+}
+
+TreeRedraw TreeScreen::colour_leaves()
+{
+    change_color_groupe(*root_, ens_);
+    return TreeRedraw::screen;
+}
+
 TreeRedraw TreeScreen::choose_colours()
 {
     choice_file_COL();
     return TreeRedraw::tree;
+}
+
+TreeRedraw TreeScreen::split_bacteria()
+{
+    return ens_ == 0 && nb_retenu == 0 ? leave(automatic_selection) : TreeRedraw::nothing;
 }
 
 TreeRedraw TreeScreen::other_alignment()

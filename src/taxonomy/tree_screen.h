@@ -10,8 +10,9 @@ namespace kq {
 struct node;
 
 // What gere_arbre returns besides the index of the subtree to show next.
-inline constexpr int selection_finished = -1; // the working list holds the selection by rank
-inline constexpr int load_another = -2;       // the user wants another alignment
+inline constexpr int selection_finished = -1;  // the working list holds the selection by rank
+inline constexpr int load_another = -2;        // the user wants another alignment
+inline constexpr int automatic_selection = -4; // the bacterial split is to make the ensembles
 
 // Runs the screen for an ensemble on subtree p_arbre[no_arbre].
 int gere_arbre(int ens);
@@ -42,6 +43,8 @@ public:
     TreeRedraw list_species();
     TreeRedraw list_cupboard();
     TreeRedraw window_options();
+    TreeRedraw colour_all_groups();
+    TreeRedraw colour_leaves();
     TreeRedraw choose_colours();
     TreeRedraw to_root();
     TreeRedraw up();
@@ -50,6 +53,7 @@ public:
     TreeRedraw four_down();
     TreeRedraw to_parent();
     TreeRedraw into_subtree();
+    TreeRedraw split_bacteria();
     TreeRedraw other_alignment();
     TreeRedraw quit();
 

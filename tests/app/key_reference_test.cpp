@@ -11,6 +11,7 @@
 #include "taxonomy/list_chooser.h"
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/species_screen.h"
+#include "taxonomy/tree_colours.h"
 #include "taxonomy/tree_screen.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +53,7 @@ TEST(KeyTables, AreWholeAndUnambiguous)
 {
     check_table(kq::chooser_keys);
     check_table(kq::tree_keys);
+    check_table(kq::tree_colour_keys);
     check_table(kq::species_keys);
     check_table(kq::reorder_keys);
     check_table(kq::group_choice_keys);
