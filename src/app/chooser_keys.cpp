@@ -23,6 +23,7 @@ constexpr Binding<ChooserAction> rows[] = {
     {key::enter,     [](Chooser& c) { return c.open_file(); },         "open the file"},
     {key::escape,    [](Chooser& c) { return c.ask_to_exit(); },       "leave the program"},
     {key::f1,        [](Chooser& c) { return c.help(); },              "help"},
+    {key::f2,        [](Chooser& c) { return c.other_program(); },     "go to one of the companion programs"},
     {key::f3,        [](Chooser&) { choice_frame(); return ChooserRedraw::screen; },    "choose the systematic frame"},
     {key::f4,        [](Chooser&) { choice_file_NOM(); return ChooserRedraw::screen; }, "choose the file of groups"},
     {key::f5,        [](Chooser&) { choice_file_COL(); return ChooserRedraw::screen; }, "choose the file of colours"},

@@ -10,6 +10,7 @@
 #include "screen/directories.h"
 #include "screen/files.h"
 #include "screen/help.h"
+#include "screen/launcher.h"
 #include "screen/process_end.h"
 #include "screen/text.h"
 #include "screen/window.h"
@@ -237,6 +238,12 @@ ChooserRedraw Chooser::ask_to_exit()
 ChooserRedraw Chooser::help()
 {
     _aide("KQ0", 6, 3, nbline_file_ALI, _nb_col - 2);
+    return ChooserRedraw::screen;
+}
+
+ChooserRedraw Chooser::other_program()
+{
+    choice_autre_exe(6, companion_programs);
     return ChooserRedraw::screen;
 }
 

@@ -38,6 +38,7 @@ public:
     ChooserRedraw open_file();       // reads the highlighted file
     ChooserRedraw ask_to_exit();
     ChooserRedraw help();
+    ChooserRedraw other_program(); // a companion program takes the place of this one
     ChooserRedraw choose_geometry();
 
 private:

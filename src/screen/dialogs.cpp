@@ -180,18 +180,15 @@ void _color_case_option(std::span<const std::string_view> labels, int width, int
 
 namespace {
 
-// A menu in its box. Items that do not fit below one another scroll; what is cut on a narrow screen is
-// brought into view with Left and Right.
+// A menu in the current text window. Items that do not fit below one another scroll; what is cut on a narrow
+// screen is brought into view with Left and Right.
 class Menu {
 public:
-    Menu(int line, int current, std::span<const std::string_view> labels, int width)
+    Menu(int current, std::span<const std::string_view> labels, int width)
         : labels_(labels)
         , count_(static_cast<int>(labels.size()))
         , current_(std::clamp(current, 0, count_ - 1))
     {
-        _setbgcolor(color::black);
-        const int left = std::max(1, (_nb_col - width - 2) / 2);
-        window_hp(line, left, line + count_ + 1, left + width + 2, color::light_green);
         rows_ = std::max(1, x2_win - x1_win - 1);
         columns_ = std::max(1, std::min(width, y2_win - y1_win - 2));
         hidden_columns_ = std::max(0, width - columns_);
@@ -202,10 +199,8 @@ public:
         for (;;) {
             draw();
             const int pressed = GrKeyRead();
-            if (pressed == key::enter || pressed == key::escape) {
-                _clearscreen(1);
-                return pressed == key::enter ? current_ : escaped;
-            }
+            if (pressed == key::enter) return current_;
+            if (pressed == key::escape) return escaped;
             act(pressed);
         }
     }
@@ -267,7 +262,17 @@ private:
 int _choice_option(int line, int current, std::span<const std::string_view> labels, int width)
 {
     if (labels.empty()) return escaped;
-    return Menu(line, current, labels, width).run();
+    _setbgcolor(color::black);
+    const int left = std::max(1, (_nb_col - width - 2) / 2);
+    window_hp(line, left, line + static_cast<int>(labels.size()) + 1, left + width + 2, color::light_green);
+    const int chosen = Menu(current, labels, width).run();
+    _clearscreen(1);
+    return chosen;
+}
+
+int choose_in_window(std::span<const std::string_view> labels, int width)
+{
+    return labels.empty() ? escaped : Menu(0, labels, width).run();
 }
 
 } // namespace kq

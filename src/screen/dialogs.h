@@ -31,6 +31,9 @@ void color_case_confirme(int which, bool highlighted, int column);
 
 // A vertical menu; returns the index, or `escaped`. `width` is the width of the items.
 int _choice_option(int line, int current, std::span<const std::string_view> labels, int width);
+// The items of such a menu in the text window as it stands, from its line 2 on, for a box of the caller's
+// own; the window stays as it is.
+int choose_in_window(std::span<const std::string_view> labels, int width);
 void _color_case_option(std::span<const std::string_view> labels, int width, int index, bool highlighted);
 
 // 0 = the file does not exist or overwriting is confirmed, -1 = cancelled.
