@@ -48,6 +48,7 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {key::tab,              delete_many_key,                                           "delete all gaps at the cursor"},
     {key::shift_f3,         remove_gaps_left_key,                                      "remove gaps left of the cursor"},
     {key::shift_f4,         remove_gaps_right_key,                                     "remove all gaps right of the cursor"},
+    {key::shift_f5,         write_outputs_key,                                         "write the ensembles into a file for other programs"},
     {key::shift_f7,         inser_star_all,                                            "open gap columns in all other species"},
     {key::insert,           inser_star_all,                                            "open gap columns in all other species"},
     {key::shift_f8,         all_rows<modif_sequence>,                                  "edit the primary sequence"},

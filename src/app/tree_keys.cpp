@@ -25,6 +25,8 @@ constexpr Binding<TreeAction> rows[] = {
     {key::f9,        &TreeScreen::search_beginning_of_name, "the species whose name begins with a text, one by one"},
     {key::f10,       &TreeScreen::search_part_of_name,      "the species whose name contains a text, one by one"},
     {key::enter,     &TreeScreen::list_species,      "the species below the current node, one by one"},
+    {key::shift_f5,  &TreeScreen::write_outputs,     "write the selected species into a file for other programs"},
+    {key::shift_f9,  &TreeScreen::write_groups,      "write the list of all species and their groups"},
     {key::shift_f10, &TreeScreen::window_options,    "window size and font"},
     {key::f11,       &TreeScreen::colour_all_groups, "change the colours of all groups, on a list"},
     {key::shift_f11, &TreeScreen::colour_leaves,     "change the colours of the groups in view, from the current leaf on"},

@@ -19,10 +19,8 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <filesystem>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
 namespace kq {
@@ -108,13 +106,6 @@ std::string ask_target()
         escaped)
         return "";
     return dir_SEQ + name;
-}
-
-// Whether both names stand for one file: copying it would change nothing, and removing one would remove it.
-bool same_file(const std::string& a, const std::string& b)
-{
-    std::error_code error;
-    return a == b || std::filesystem::equivalent(a, b, error);
 }
 
 // The copy is complete before a file of that name goes; nothing is lost when anything fails.

@@ -15,6 +15,7 @@
 #include "screen/help.h"
 #include "screen/text.h"
 #include "screen/window.h"
+#include "taxonomy/derived_outputs.h"
 #include "taxonomy/ensembles.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_layout.h"
@@ -198,6 +199,15 @@ Redraw window_options_key()
 {
     choice_option_window(program_title);
     if (proot) adjust_frame(); // the tree is drawn in cells of the new size
+    settle_cursor();
+    return redraw_screen;
+}
+
+// The consensus of the ensembles leaves every ensemble shown species by species.
+Redraw write_outputs_key()
+{
+    write_file_kel_ali();
+    nb_spec_affich = count_display_rows();
     settle_cursor();
     return redraw_screen;
 }

@@ -33,6 +33,7 @@ Redraw create_ensemble_key();
 Redraw other_file_key();  // save check, then whether to leave the editor
 Redraw end_program_key(); // save check, then the exit confirmation
 Redraw window_options_key();
+Redraw write_outputs_key();
 Redraw choice_various_options(); // the menu of key O
 
 struct VariousOption {

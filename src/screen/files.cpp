@@ -15,6 +15,8 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace kq {
@@ -70,6 +72,12 @@ bool exists(const std::string& path)
 bool readable(const std::string& path)
 {
     return access(path.c_str(), R_OK) == 0;
+}
+
+bool same_file(const std::string& a, const std::string& b)
+{
+    std::error_code error;
+    return a == b || std::filesystem::equivalent(a, b, error);
 }
 
 // ---- checked calls ----------------------------------------------------------------------------------------

@@ -19,6 +19,8 @@ using File = std::unique_ptr<std::FILE, FileCloser>;
 
 bool exists(const std::string& path);
 bool readable(const std::string& path);
+// Whether both paths stand for one file, links followed: what replaces one would replace the other.
+bool same_file(const std::string& a, const std::string& b);
 
 // fopen; failure is fatal: "Problem in opening file %s".
 File ffopen(const std::string& path, const char* mode);

@@ -11,6 +11,7 @@
 #include "screen/strings.h"
 #include "screen/text.h"
 #include "screen/window.h"
+#include "taxonomy/derived_outputs.h"
 #include "taxonomy/ensemble_name.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_layout.h"
@@ -112,6 +113,11 @@ TreeRedraw TreeScreen::warn(const char* message) const
 {
     affich_avert(message, warning_line);
     return TreeRedraw::tree;
+}
+
+TreeRedraw TreeScreen::warn_too_many() const
+{
+    return warn(text_format("You can select at most %d species per ensemble", max_ensemble_species).c_str());
 }
 
 TreeRedraw TreeScreen::help()
@@ -230,9 +236,7 @@ TreeRedraw TreeScreen::search_part_of_name()
 
 TreeRedraw TreeScreen::finish()
 {
-    if (nb_retenu > max_ensemble_species)
-        return warn(
-            text_format("You can select at most %d species per ensemble", max_ensemble_species).c_str());
+    if (nb_retenu > max_ensemble_species) return warn_too_many();
     if (nb_retenu == 0) return warn("You must select at least one species");
     chercher_specie_retenue();
     return leave(selection_finished);
@@ -295,6 +299,28 @@ TreeRedraw TreeScreen::into_subtree()
 }
 
 // ---- beyond the tree --------------------------------------------------------------------------------------
+
+// The ensemble gets the species selected so far; the selection goes on.
+void TreeScreen::store_selection()
+{
+    chercher_specie_retenue();
+    set_members(ens_, working_list());
+}
+
+TreeRedraw TreeScreen::write_outputs()
+{
+    if (nb_retenu < 2) return warn("You must select at least two species");
+    if (nb_retenu > max_ensemble_species) return warn_too_many();
+    store_selection();
+    write_file_kel_ali();
+    return TreeRedraw::tree;
+}
+
+TreeRedraw TreeScreen::write_groups()
+{
+    write_file_nom();
+    return TreeRedraw::tree;
+}
 
 TreeRedraw TreeScreen::window_options()
 {

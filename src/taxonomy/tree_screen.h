@@ -42,6 +42,8 @@ public:
     TreeRedraw search_part_of_name();
     TreeRedraw list_species();
     TreeRedraw list_cupboard();
+    TreeRedraw write_outputs();
+    TreeRedraw write_groups();
     TreeRedraw window_options();
     TreeRedraw colour_all_groups();
     TreeRedraw colour_leaves();
@@ -77,7 +79,9 @@ private:
     TreeRedraw select_by_completeness(int direction);
     TreeRedraw move(void (*step)(node*), int steps);
     TreeRedraw list_working_species(int group) const;
+    TreeRedraw warn_too_many() const;
     TreeRedraw warn(const char* message) const;
+    void store_selection();
     void draw(TreeRedraw redraw);
 
     int ens_;
