@@ -11,7 +11,9 @@ namespace kq {
 
 namespace {
 
-constexpr int column_width = 30, left_column = 2;
+constexpr int column_width = 30;
+// The window leaves the frame's column out; the names begin at its second one.
+constexpr int window_column = 2, left_column = 2;
 
 } // namespace
 
@@ -34,7 +36,7 @@ int FilenameList::columns() const
     std::size_t longest = 0;
     for (const std::string& name : names_)
         longest = std::max(longest, name.size());
-    const int inside = _nb_col - left_column, last = std::min(static_cast<int>(longest), column_width);
+    const int inside = _nb_col - window_column - left_column + 1, last = std::min(static_cast<int>(longest), column_width);
     return std::max(0, inside - last) / column_width + 1;
 }
 
@@ -44,7 +46,7 @@ void FilenameList::affich_liste_filename()
     first_column_ = std::clamp(first_column_, std::max(0, column - shown + 1), column);
     // Columns that are needed no longer, after a deletion, do not leave a gap.
     first_column_ = std::min(first_column_, std::max(0, (count() - 1) / rows_ + 1 - shown));
-    _settextwindow(first_line_, 1, last_line_, _nb_col);
+    _settextwindow(first_line_, window_column, last_line_, _nb_col);
     _setbgcolor(color::black);
     const int first = first_column_ * rows_;
     for (int index = first; index < first + shown * rows_; index++)

@@ -2,6 +2,7 @@
 #include "core/edit.h"
 #include "screen/files.h"
 #include "screen/text.h"
+#include "support/system_calls.h"
 #include "taxonomy/list_chooser.h"
 #include "taxonomy/list_saving.h"
 #include "taxonomy/tree_screen.h"
@@ -264,6 +265,47 @@ TEST_F(Lists, AreDeletedAndTheListFollows)
     EXPECT_EQ(redraw, 3);
 }
 
+// A failure anywhere is a warning, never the program's end; killed anywhere, a complete list is left.
+TEST_F(Lists, SurviveEverySystemCallThatFails)
+{
+    set_selection(std::vector{4});
+    const std::string before = "#Created by A on B\n#T\n1\nAnt alpha@1\n";
+    const std::string after = head + "1\nElk epsilon@5\n";
+    using State = std::pair<std::string, std::string>; // lists "a" and "n"
+    const struct {
+        const char* keys;
+        void (*run)();
+        std::vector<State> states;
+    } cases[] = {
+        {"\"a\" Enter*3 Enter Q Escape", [] { sauvegarde_file_LIS(); }, {{before, ""}, {after, ""}}},
+        {"Enter F2 \"n\" Enter Q Escape*2",
+         [] { choice_file_LIS(); },
+         {{before, ""}, {before, before}, {"", before}}},
+        {"Enter Delete Q Escape", [] { choice_file_LIS(); }, {{before, ""}, {"", ""}}},
+    };
+    for (const auto& [keys, run, states] : cases) {
+        const auto work = [&keys = keys, &run = run, this] {
+            return play(keys, run).ending == Ending::program_ended ? 1 : 0;
+        };
+        for (const auto kind : {Interference::kill, Interference::fail_one}) {
+            int calls = 1;
+            for (int n = 0; n <= calls; n++) {
+                SCOPED_TRACE(std::string(keys) + ", call " + std::to_string(n));
+                write_file("zolt/data/a.lis", before);
+                fs::remove(path("zolt/data/n.lis"));
+                const ChildRun child = run_child({n == 0 ? Interference::none : kind, n}, work);
+                if (!child.traced) GTEST_SKIP() << "processes cannot be traced here";
+                if (n == 0) calls = kind == Interference::kill ? child.calls : child.file_calls;
+                EXPECT_NE(child.status, 1) << "the program ended";
+                const State state{list("a"), list("n")};
+                EXPECT_NE(std::ranges::find(states, state), states.end()) << state.first << state.second;
+                EXPECT_TRUE(n > 0 || state == states.back());
+            }
+            EXPECT_GT(calls, 2);
+        }
+    }
+}
+
 // ---- many files, small windows ----------------------------------------------------------------------------
 
 TEST_F(Lists, MoreListsThanFitAreReached)
@@ -287,11 +329,11 @@ TEST_F(Lists, MoreListsThanFitAreReached)
         load_keys(keys);
         std::string highlighted;
         for (int l = 3; l <= 32; l++)
-            for (const int column : {2, 32, 62})
+            for (const int column : {3, 33, 63})
                 if (color_at(l, column) == 14)
                     highlighted += screen_line(l).substr(static_cast<std::size_t>(column) - 1, 4);
         EXPECT_EQ(highlighted, current) << keys;
-        EXPECT_EQ(screen_line(3).substr(1, 4), first) << keys;
+        EXPECT_EQ(screen_line(3).substr(2, 4), first) << keys;
     }
     EXPECT_TRUE(shows("1/200"));
     load_keys("Right*9 Enter Delete");
