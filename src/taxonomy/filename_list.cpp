@@ -36,7 +36,8 @@ int FilenameList::columns() const
     std::size_t longest = 0;
     for (const std::string& name : names_)
         longest = std::max(longest, name.size());
-    const int inside = _nb_col - window_column - left_column + 1, last = std::min(static_cast<int>(longest), column_width);
+    const int inside = _nb_col - window_column - left_column + 1,
+              last = std::min(static_cast<int>(longest), column_width);
     return std::max(0, inside - last) / column_width + 1;
 }
 

@@ -2,49 +2,27 @@
 
 #include "core/store.h"
 
-#include <cstring>
+#include <string_view>
 
 namespace kq::plain {
 
-namespace {
-
-// The text as a field of an identifier's size, cut at its "@" when accessions do not count.
-struct Field {
-    char text[identifier_size] = {};
-
-    Field(const char* whole, bool without_accession)
-    {
-        std::strncpy(text, whole, identifier_size - 1);
-        if (char* at = std::strchr(text, '@'); without_accession && at) *at = '\0';
-    }
-};
-
-bool is_named(const char* name, const char* other, bool without_accession)
-{
-    if (without_accession) return std::strcmp(name, Field(other, true).text) == 0;
-    return std::strcmp(name, other) == 0;
-}
-
-} // namespace
-
 ListedSpecies listed_species(const std::vector<std::string>& names, bool without_accession)
 {
+    const auto compared = [without_accession](std::string_view name) {
+        return without_accession ? name.substr(0, name.find('@')) : name;
+    };
     ListedSpecies listed;
     std::vector<int> mentions(static_cast<std::size_t>(nb_spec), 0);
     for (const std::string& line : names) {
-        const Field name(line.c_str(), without_accession);
+        const std::string_view name = compared(line);
         std::size_t s = 0;
-        for (; s < mentions.size(); s++)
-            if (!destroy[s] && mask[s] == 0 &&
-                is_named(name.text, ident + s * identifier_size, without_accession))
-                break;
-        if (s == mentions.size()) {
+        while (s < mentions.size() &&
+               (destroy[s] || mask[s] != 0 || compared(identifier(static_cast<int>(s))) != name))
+            s++;
+        if (s == mentions.size())
             listed.unknown++;
-            continue;
-        }
-        mentions[s]++;
-        if (mentions[s] == 1) listed.found.push_back(static_cast<int>(s));
-        if (mentions[s] == 2) listed.repeated.push_back(static_cast<int>(s));
+        else if (++mentions[s] <= 2)
+            (mentions[s] == 1 ? listed.found : listed.repeated).push_back(static_cast<int>(s));
     }
     return listed;
 }
