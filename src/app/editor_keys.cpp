@@ -9,6 +9,7 @@
 #include "editor/modif_sequence.h"
 #include "editor/navigation.h"
 #include "editor/similarity.h"
+#include "editor/species_actions.h"
 #include "editor/species_removal.h"
 #include "editor/view.h"
 #include "raster/keys.h"
@@ -43,6 +44,7 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {key::f3,               create_ensemble_key,                                       "create an ensemble"},
     {key::f5,               sequences<write_file_ALI>,                                 "save the alignment"},
     {key::f10,              change_group_key,                                          "change the group of the species"},
+    {key::f9,               rename_key,                                                "rename the species"},
     {key::shift_f1,         other_file_key,                                            "work on another file"},
     {key::shift_f2,         delete_many_key,                                           "delete all gaps at the cursor"},
     {key::tab,              delete_many_key,                                           "delete all gaps at the cursor"},
@@ -78,12 +80,14 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {'C',                   next_difference_key,                                       "next difference from the top row"},
     {'D',                   all_rows<discard_species>,                                 "take the species out of its ensemble"},
     {'E',                   all_rows<[] { toggle_ensemble_display(ens_curs); }>,       "collapse or expand the ensemble"},
+    {'F',                   fasta_key,                                                 "the sequence in FASTA form, in a file, too"},
     {'M',                   magic_move,                                                "to the top row of the screen"},
     {'O',                   choice_various_options,                                    "various options"},
     {'P',                   partial_key,                                               "the sequence is partial"},
     {'S',                   gere_similitude,                                           "menu of similarity searches"},
     {'U',                   all_rows<supprime_gap>,                                    "remove all gaps of the sequence"},
     {'X',                   shorten_key,                                               "shorten the sequence"},
+    {'?',                   information_key,                                           "what is known about the species, and its group"},
     {key::home,             goto_debut,                                                "first position"},
     {key::end,              goto_fin,                                                  "last position"},
     {key::left,             [] { return deplace_site_gauche(1); },                     "one position left"},

@@ -25,6 +25,7 @@ constexpr Binding<ReorderAction> rows[] = {
     {'8',            &ReorderScreen::digit,            "append a digit"},
     {'9',            &ReorderScreen::digit,            "append a digit"},
     {key::backspace, &ReorderScreen::erase_digit,      "erase the last digit"},
+    {'?',            &ReorderScreen::information,      "what is known about the species, and its group"},
     {key::f1,        &ReorderScreen::help,             "help on this screen"},
     {key::f2,        &ReorderScreen::apply,            "reorder and go on"},
     {key::f3,        &ReorderScreen::apply_and_return, "reorder and return to the tree"},

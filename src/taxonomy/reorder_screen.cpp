@@ -8,7 +8,9 @@
 #include "screen/strings.h"
 #include "screen/text.h"
 #include "taxonomy/group_colours.h"
+#include "taxonomy/group_moves.h"
 #include "taxonomy/selection.h"
+#include "taxonomy/species_info.h"
 #include "taxonomy/species_order.h"
 
 #include <algorithm>
@@ -184,6 +186,12 @@ int ReorderScreen::order_specie()
     set_selection(ranked);
     chercher_specie_retenue();
     return nb_retenu == 0 ? -1 : 0;
+}
+
+void ReorderScreen::information(int)
+{
+    affich_info(cor[static_cast<std::size_t>(current_)], list_without_group);
+    affich_screen();
 }
 
 void ReorderScreen::help(int)

@@ -26,6 +26,7 @@ public:
     void page_down(int key);
     void digit(int key);
     void erase_digit(int key);
+    void information(int key);
     void help(int key);
     void apply(int key);
     void apply_and_return(int key);

@@ -136,13 +136,6 @@ void retenir_all_specie(int mode)
     }
 }
 
-void collect_species_of_group(int group)
-{
-    nb_spec_gro = 0;
-    for (int s = 0; s < nb_spec; s++)
-        if (no_groupe[static_cast<std::size_t>(s)] == group) cor[static_cast<std::size_t>(nb_spec_gro++)] = s;
-}
-
 void move_species_to_group(int species, int family, int group)
 {
     const bool selected = rank_of(species) != -1;

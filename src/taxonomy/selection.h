@@ -41,8 +41,6 @@ enum RetainMode : int {
 // Selects the species of the working list.
 void retenir_all_specie(int mode);
 
-// cor = the species of a group, of whatever family.
-void collect_species_of_group(int group);
 // Moves a species to another group (and family): counts of assigned and, when selected, selected species
 // follow.
 void move_species_to_group(int species, int family, int group);

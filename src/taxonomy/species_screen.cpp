@@ -9,8 +9,13 @@
 #include "screen/strings.h"
 #include "screen/text.h"
 #include "taxonomy/frame.h"
+#include "taxonomy/group_assignment.h"
 #include "taxonomy/group_colours.h"
+#include "taxonomy/group_moves.h"
 #include "taxonomy/selection.h"
+#include "taxonomy/species_info.h"
+#include "taxonomy/species_name.h"
+#include "taxonomy/tree_walk.h"
 
 #include <algorithm>
 #include <cassert>
@@ -89,6 +94,20 @@ void SpeciesScreen::run()
 int SpeciesScreen::current_species() const
 {
     return cor[static_cast<std::size_t>(current_)];
+}
+
+// The list, as moves between groups take it.
+int SpeciesScreen::list_of_moves() const
+{
+    return group_ >= 0 ? group_ : list_without_group;
+}
+
+// After a change of the list.
+SpeciesRedraw SpeciesScreen::to_top()
+{
+    if (nb_spec_gro == 0) return leave();
+    current_ = dec_spec_ = 0;
+    return SpeciesRedraw::screen;
 }
 
 SpeciesRedraw SpeciesScreen::leave()
@@ -269,6 +288,61 @@ SpeciesRedraw SpeciesScreen::toggle_mask()
     set_masked(species, masked);
     mark_changed();
     return SpeciesRedraw::ranks;
+}
+
+SpeciesRedraw SpeciesScreen::information()
+{
+    if (affich_info(current_species(), list_of_moves()) == 0) return SpeciesRedraw::screen;
+    if (group_ >= 0 && nb_spec_gro > 0) list_species_of_group(group_);
+    return to_top();
+}
+
+SpeciesRedraw SpeciesScreen::rename()
+{
+    return change_species_name(current_species()) == ok ? choose_group_by_hand() : SpeciesRedraw::screen;
+}
+
+SpeciesRedraw SpeciesScreen::choose_group_by_hand()
+{
+    if (change_groupe(current_species(), list_of_moves(), MoveHow::chosen) != ok || group_ < 0)
+        return SpeciesRedraw::screen;
+    if (nb_spec_gro > 0) {
+        if (group_ == cupboard())
+            list_species_of_group(group_);
+        else
+            collect_species_below(*pcour);
+    }
+    return to_top();
+}
+
+SpeciesRedraw SpeciesScreen::assign_group()
+{
+    switch (change_groupe_auto(current_species(), list_of_moves(), AutoMode::interactive)) {
+    case auto_done:
+        return to_top();
+    case auto_group_empty:
+        return leave();
+    default:
+        return SpeciesRedraw::screen;
+    }
+}
+
+SpeciesRedraw SpeciesScreen::assign_groups_of_all()
+{
+    const int listed = nb_spec_gro;
+    affich_progress("WORK IN PROGRESS", 10, 30, 52, color::yellow);
+    const int assigned = change_groupe_auto_list(list_of_moves());
+    affich_avert(text_format("%d species out of %d have been automatically reaffacted", assigned, listed),
+                 10);
+    return leave();
+}
+
+SpeciesRedraw SpeciesScreen::select_neighbours(void (*search)(int species))
+{
+    const int selected_before = nb_retenu;
+    search(current_species());
+    if (nb_retenu > selected_before) select_species(current_species());
+    return SpeciesRedraw::screen;
 }
 
 SpeciesRedraw SpeciesScreen::destroy_current(int (*destroy_species)(int,

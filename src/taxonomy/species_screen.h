@@ -12,7 +12,7 @@ namespace kq {
 inline constexpr int not_a_group = -1;
 
 // Shows the working list (taxonomy/selection.h) until the user leaves; an empty list is not shown. `group` is
-// the group whose species they are, or not_a_group, as for what a search has found.
+// the group whose species they are; not_a_group, or another negative number, for what a search has found.
 void choice_specie(int group);
 
 // How much is drawn again after a key; each includes the ones before it.
@@ -41,6 +41,13 @@ public:
 
     // ---- the current species
     SpeciesRedraw toggle_mask();
+    SpeciesRedraw information();
+    SpeciesRedraw rename(); // and choose its group
+    SpeciesRedraw choose_group_by_hand();
+    SpeciesRedraw assign_group();         // from its classification
+    SpeciesRedraw assign_groups_of_all(); // of the list, and leaves
+    // Selects it when `search`, which selects species like it, has selected any.
+    SpeciesRedraw select_neighbours(void (*search)(int species));
     // Deletes it with `destroy` (0 = done), which draws what its boxes cover again with its second argument.
     SpeciesRedraw destroy_current(int (*destroy)(int species, const std::function<void()>& draw_again));
 
@@ -49,6 +56,8 @@ public:
 
 private:
     int current_species() const;
+    int list_of_moves() const;
+    SpeciesRedraw to_top();
     int entries_shown() const { return rows_ * columns_; }
     SpeciesRedraw move(int entries);
     void draw(SpeciesRedraw redraw);

@@ -17,6 +17,7 @@
 #include "taxonomy/frame_layout.h"
 #include "taxonomy/group_file_screen.h"
 #include "taxonomy/group_list.h"
+#include "taxonomy/group_moves.h"
 #include "taxonomy/list_chooser.h"
 #include "taxonomy/list_saving.h"
 #include "taxonomy/name_search.h"
@@ -210,7 +211,7 @@ TreeRedraw TreeScreen::list_species()
 // Whatever their family: those of families that the frame has no copy for are found nowhere else.
 TreeRedraw TreeScreen::list_cupboard()
 {
-    collect_species_of_group(cupboard());
+    list_species_of_group(cupboard());
     return list_working_species(cupboard());
 }
 

@@ -1,10 +1,10 @@
 // The species screen: what it shows, what its keys do.
 #include "core/edit.h"
 #include "screen/text.h"
+#include "taxonomy/group_moves.h"
 #include "taxonomy/species_screen.h"
 #include "tree_fixture.h"
 
-#include <map>
 #include <numeric>
 
 using namespace kq;
@@ -183,4 +183,92 @@ TEST_F(SpeciesList, OpensFromTheTree)
     play_tree("F6");
     EXPECT_TRUE(shows("List of species in group Cupboard"));
     EXPECT_TRUE(shows("Bee beta@2"));
+}
+
+TEST_F(SpeciesList, MovesBetweenGroupsChangeTheList)
+{
+    // The list and the group of a leaf.
+    const auto leaf = [](const char* name) {
+        pcour = node_named(name);
+        collect_species_below(*pcour);
+        return pcour->no;
+    };
+    load_many(9); // A: 1, 4, 7; B: 2, 5, 8
+    file_ALI = "test.ali";
+    list("Down F10 Down Enter", leaf("A"));
+    EXPECT_EQ(working_names(), (std::vector<std::string>{"Genus species1@X1", "Genus species7@X7"}));
+    EXPECT_EQ(no_groupe[3], find_group("B"));
+    EXPECT_EQ(current(), 1);
+    EXPECT_EQ(list("F10 Down Enter F10 Down Enter", leaf("A")).ending, Ending::returned) << "none is left";
+    EXPECT_EQ(nbtot_groupe[0][static_cast<std::size_t>(find_group("A"))], 0);
+
+    list("F9 x Enter N F10", leaf("B"));
+    EXPECT_EQ(identifier(0), "Genus species1x@X1");
+    EXPECT_FALSE(shows("List of species")) << "the group is chosen after the name";
+    EXPECT_EQ(no_groupe[0], find_group("B"));
+
+    list_all();
+    list("F10 Down*2 Enter");
+    EXPECT_EQ(nb_spec_gro, 9) << "what a search has found stays listed";
+    EXPECT_EQ(no_groupe[0], find_group("C"));
+
+    write_file("seq/test.inf", "[ACC] XB2\n[SYS] a; C.\n\n[ACC] XB5\n[SYS] a; E.\n");
+    set_identifier(1, "Genus species2@XB2");
+    set_identifier(4, "Genus species5@XB5");
+    list("F8 Q Escape", leaf("B"));
+    EXPECT_EQ(no_groupe[1], find_group("C"));
+    list("? F8 Q Escape", leaf("C"));
+    EXPECT_EQ(no_groupe[1], find_group("C"));
+    list("Down*9", leaf("B"));
+    const int listed = nb_spec_gro;
+    list("S-F8", leaf("B"));
+    EXPECT_TRUE(shows("1 species out of " + std::to_string(listed) + " have been automatically reaffacted"));
+    EXPECT_EQ(no_groupe[4], find_group("E"));
+    EXPECT_EQ(list("S-F8 Q", leaf("B")).ending, Ending::returned);
+    expect_whole("");
+}
+
+// Whatever is done, ranks and counts are those of a recount.
+TEST_F(SpeciesList, CountersStayExact)
+{
+    std::mt19937 random(2026);
+    const auto pick = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+    const std::string_view pieces =
+        "Enter|Enter*4|m|+|S-F12|F2|S-F2|F10 Down*3 Enter|F10 PgDn*2 Enter|F10 Escape|F9 z Enter Y Escape|"
+        "F9 z Enter N Down*5 Enter|A-BackSpace Y Enter|A-BackSpace Y Down*8 Enter|F8 Q|? F8 Q|? Q|S-F8 Q Q";
+    for (const DataSet& set : {proteases, ssu_small}) {
+        reset_taxonomy();
+        load(set);
+        file_ALI = set.alignment + ".ali";
+        write_file("seq/" + set.alignment + ".inf",
+                   read_bytes(KQ_SOURCE_DIRECTORY "/demo/ZOLT/seq/" + set.alignment + ".inf"));
+        for (int s = 0; s < nb_spec; s++)
+            drap_select[static_cast<std::size_t>(s)] = pick(3) ? -1 : 0;
+        for (int step = 0; step < 120; step++) {
+            if (step == 60) open({.lines = 20, .columns = 20});
+            int group = not_a_group;
+            pcour = proot;
+            for (int depth = pick(8); depth > 0 && !pcour->leaf(); depth--)
+                pcour = pick(2) ? pcour->child1 : pcour->child2;
+            switch (pick(4)) {
+            case 0:
+                list_all();
+                break;
+            case 1:
+                list_species_of_group(group = cupboard());
+                break;
+            default:
+                collect_species_below(*pcour);
+                group = pcour->no;
+            }
+            const std::string keys = "Right*" + std::to_string(1 + pick(5)) + " Down*" +
+                                     std::to_string(1 + pick(30)) + " " +
+                                     random_keys(random, pieces, 1 + pick(3));
+            SCOPED_TRACE(set.alignment + ", step " + std::to_string(step) + ": " + keys);
+            list(keys, group);
+            ASSERT_EQ(selection_error() + store_error() + frame_error(), "");
+        }
+        EXPECT_GT(nb_retenu, 0);
+        open({});
+    }
 }

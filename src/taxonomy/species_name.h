@@ -1,0 +1,10 @@
+// screen: renaming a species.
+#pragma once
+
+namespace kq {
+
+// Asks for a new name, "Genus species", and whether the species-to-group file is to have a line for it: 0 =
+// the name was changed, -1 = given up. The accession stays; the line of the old name does too.
+int change_species_name(int species);
+
+} // namespace kq
