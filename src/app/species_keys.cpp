@@ -1,4 +1,5 @@
 // screen: the keys of the species screen.
+#include "editor/similarity.h"
 #include "editor/species_removal.h"
 #include "raster/keys.h"
 #include "taxonomy/species_screen.h"
@@ -18,6 +19,11 @@ SpeciesRedraw destroy_species(SpeciesScreen& screen)
     });
 }
 
+template <SearchScope scope>
+constexpr SpeciesAction select_neighbours = [](SpeciesScreen& screen) {
+    return screen.select_neighbours([](int species) { simil_tous(1, species, scope); });
+};
+
 // clang-format off
 constexpr Binding<SpeciesAction> rows[] = {
     {key::enter,         run<&SpeciesScreen::toggle_selection>,         "select or deselect the species"},
@@ -27,6 +33,8 @@ constexpr Binding<SpeciesAction> rows[] = {
     {key::f1,            run<&SpeciesScreen::help>,                     "help on this screen"},
     {key::f2,            run<&SpeciesScreen::select_all>,               "select all species of the list and leave"},
     {key::shift_f2,      run<&SpeciesScreen::select_free>,              "select those that are in no other ensemble and leave"},
+    {key::f5,            select_neighbours<all_species>,                          "select the species most similar to it in a fragment"},
+    {key::f6,            select_neighbours<listed_species>,                          "the same among the species of the list"},
     {key::f8,            run<&SpeciesScreen::assign_group>,             "move the species to the group of its classification"},
     {key::shift_f8,      run<&SpeciesScreen::assign_groups_of_all>,     "the same for all species of the list, and leave"},
     {key::f9,            run<&SpeciesScreen::rename>,                   "rename the species, and choose its group"},

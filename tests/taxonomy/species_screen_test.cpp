@@ -228,6 +228,37 @@ TEST_F(SpeciesList, MovesBetweenGroupsChangeTheList)
     expect_whole("");
 }
 
+TEST_F(SpeciesList, NeighboursBringTheirSpeciesIntoTheSelection)
+{
+    const auto load_four = [this] {
+        load_many(4);
+        const char* const rows[] = {"ACGT", "ACGT", "TTTT", "ACGA"};
+        for (int s = 0; s < nb_spec; s++)
+            overwrite(s, 0, rows[s]);
+    };
+    const struct {
+        const char* keys; // position of the fragment, number of species
+        std::vector<int> ranks;
+    } cases[] = {
+        {"F5 Enter BackSpace 2 Enter Escape", {3, 1, -1, 2}},
+        {"F5 Escape Escape", {-1, -1, -1, -1}},
+        {"F5 Enter BackSpace 0 Enter Escape", {-1, -1, -1, -1}},
+        {"m F5 Enter BackSpace 1 Enter Escape", {-1, 1, -1, -1}},
+    };
+    for (const auto& [keys, expected] : cases) {
+        load_four();
+        list(keys);
+        EXPECT_EQ(ranks(), expected) << keys;
+        expect_whole(keys);
+    }
+    load_four();
+    nb_spec_gro = 0; // species 1 and 4 are listed
+    for (const int species : {0, 3})
+        cor[static_cast<std::size_t>(nb_spec_gro++)] = species;
+    list("F6 Enter BackSpace 1 Enter Escape");
+    EXPECT_EQ(ranks(), (std::vector{2, -1, -1, 1}));
+}
+
 // Whatever is done, ranks and counts are those of a recount.
 TEST_F(SpeciesList, CountersStayExact)
 {
@@ -235,7 +266,8 @@ TEST_F(SpeciesList, CountersStayExact)
     const auto pick = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     const std::string_view pieces =
         "Enter|Enter*4|m|+|S-F12|F2|S-F2|F10 Down*3 Enter|F10 PgDn*2 Enter|F10 Escape|F9 z Enter Y Escape|"
-        "F9 z Enter N Down*5 Enter|A-BackSpace Y Enter|A-BackSpace Y Down*8 Enter|F8 Q|? F8 Q|? Q|S-F8 Q Q";
+        "F9 z Enter N Down*5 Enter|A-BackSpace Y Enter|A-BackSpace Y Down*8 Enter|F8 Q|? F8 Q|? Q|S-F8 Q Q|"
+        "F5 Enter Enter|F6 Enter BackSpace 7 Enter";
     for (const DataSet& set : {proteases, ssu_small}) {
         reset_taxonomy();
         load(set);
