@@ -99,7 +99,7 @@ void read_file_COL()
     end_on(assign_colours(read_text_file(file_COL), file_COL));
 }
 
-bool reread_file_COL()
+void reread_file_COL()
 {
     const auto before = color_groupe;
     std::string text, error = read_whole_file(file_COL, text);
@@ -107,10 +107,9 @@ bool reread_file_COL()
         forget_colours();
         error = assign_colours(text, file_COL);
     }
-    if (error.empty()) return true;
+    if (error.empty()) return;
     color_groupe = before;
     affich_avert(error.substr(0, error.find('\n')), warning_line);
-    return false;
 }
 
 bool write_file_COL()

@@ -18,9 +18,9 @@ void write_FRA_NOM_COL(); // writes the memory file afas.ref
 void read_frame();        // builds the tree of file_frame[no_frame], then reads the colour file
 void read_file_NOM();     // gives every species its group
 void read_file_COL();
-// Gives the groups the colours of the colour file again; false, and nothing changed, when that cannot be read
-// or is malformed, which has been shown.
-bool reread_file_COL();
+// Gives the groups the colours of the colour file again; nothing changes when that cannot be read any more or
+// is malformed, which is shown.
+void reread_file_COL();
 bool write_file_COL(); // false when it could not be written, which has been shown
 
 // The path of a frame's file.

@@ -90,7 +90,8 @@ void TreeColourScreen::save(int)
 
 void TreeColourScreen::cancel(int)
 {
-    if (!reread_file_COL()) color_groupe = before_;
+    color_groupe = before_; // should the file have become unreadable
+    reread_file_COL();
     result_ = escaped;
 }
 

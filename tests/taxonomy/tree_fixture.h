@@ -61,15 +61,15 @@ public:
         read_taxonomy("FIVE", "five");
     }
 
-    void load(const DataSet& set)
+    void load(const DataSet& set, const std::string& folder = KQ_SOURCE_DIRECTORY "/demo")
     {
-        const std::string demo = KQ_SOURCE_DIRECTORY "/demo", frame = "zoltexe/" + set.frame + ".fra";
+        const std::string frame = "zoltexe/" + set.frame + ".fra";
         const std::string groups = "zolt/data/" + set.groups;
-        write_file(frame, read_bytes(demo + "/ZOLTEXE/" + frame));
+        write_file(frame, read_bytes(folder + "/ZOLTEXE/" + frame));
         for (const char* extension : {".nom", ".col"})
-            write_file(groups + extension, read_bytes(demo + "/ZOLT/" + groups + extension));
+            write_file(groups + extension, read_bytes(folder + "/ZOLT/" + groups + extension));
         ASSERT_TRUE(store_allocate());
-        const std::string alignment = demo + "/ZOLT/seq/" + set.alignment + ".ali";
+        const std::string alignment = folder + "/ZOLT/seq/" + set.alignment + ".ali";
         ASSERT_EQ(load_ali(alignment, check_ali(alignment)), "");
         derive_families();
         read_taxonomy(set.frame, set.groups);
