@@ -2,6 +2,7 @@
 #include "editor/display.h"
 
 #include "core/consensus.h"
+#include "core/merging.h"
 #include "core/options.h"
 #include "core/residues.h"
 #include "core/store.h"
@@ -137,6 +138,26 @@ void affich_ensemble_name(int ensemble)
     _settextcolor(color::light_grey);
 }
 
+// What stands at the right end of a species' name: the score that opt_evalue chooses where there is one, and
+// in EST mode the mark of a species that can be merged.
+std::string beside_identifier(int species)
+{
+    const auto s = static_cast<std::size_t>(species);
+    std::string text;
+    if (opt_evalue != 0) {
+        const double score = evalue[s][static_cast<std::size_t>(opt_evalue - 1)];
+        if (score != -1.0) text = text_format("%8.1e", score);
+        if (!text.empty() && text.front() != ' ') text.insert(0, " "); // apart from the name
+    }
+    if (kq_mode == 1 && mergeable[s]) text += '+';
+    return text;
+}
+
+void affich_species_name(int species)
+{
+    outtext_ident(species, identifier_width, beside_identifier(species));
+}
+
 } // namespace
 
 void choice_char_color(char c)
@@ -197,9 +218,7 @@ void affich_all_species()
         if (collapsed(row.ensemble))
             affich_ensemble_name(row.ensemble);
         else
-            outtext_ident(
-                cor_ens[static_cast<std::size_t>(row.ensemble)][static_cast<std::size_t>(row.index)],
-                identifier_width);
+            affich_species_name(members(row.ensemble)[static_cast<std::size_t>(row.index)]);
         row = next_row(row);
     }
     set_colours({});
