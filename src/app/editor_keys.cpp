@@ -5,6 +5,7 @@
 #include "editor/add_sequence.h"
 #include "editor/editing.h"
 #include "editor/editor.h"
+#include "editor/ensemble_commands.h"
 #include "editor/ensemble_display.h"
 #include "editor/modif_sequence.h"
 #include "editor/navigation.h"
@@ -41,8 +42,11 @@ constexpr EditorAction sequences = [] {
 // clang-format off
 constexpr Binding<EditorAction> editor_bindings[] = {
     {key::f1,               help_key,                                                  "help"},
+    {key::f2,               modify_ensemble_key,                                       "modify an ensemble"},
     {key::f3,               create_ensemble_key,                                       "create an ensemble"},
+    {key::f4,               whole_screen<change_affich>,                               "collapse or expand an ensemble"},
     {key::f5,               sequences<write_file_ALI>,                                 "save the alignment"},
+    {key::f6,               whole_screen<detruire_ensemble>,                           "discard an ensemble"},
     {key::f10,              change_group_key,                                          "change the group of the species"},
     {key::f9,               rename_key,                                                "rename the species"},
     {key::shift_f1,         other_file_key,                                            "work on another file"},
@@ -77,6 +81,7 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {';',                   [] { return seek_in_top_row(short_pattern, show_hits, 1, 100); }, "show residues similar to the next 10"},
     {'.',                   align_once_key,                                            "align on the next gap of the top row"},
     {'A',                   align_all_key,                                             "align on all gaps of the top row"},
+    {'B',                   next_score_key,                                            "another score beside the names, or none"},
     {'C',                   next_difference_key,                                       "next difference from the top row"},
     {'D',                   all_rows<discard_species>,                                 "take the species out of its ensemble"},
     {'E',                   all_rows<[] { toggle_ensemble_display(ens_curs); }>,       "collapse or expand the ensemble"},
@@ -85,6 +90,7 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {'O',                   choice_various_options,                                    "various options"},
     {'P',                   partial_key,                                               "the sequence is partial"},
     {'S',                   gere_similitude,                                           "menu of similarity searches"},
+    {'T',                   whole_screen<choose_and_sort>,                             "sort an ensemble by name"},
     {'U',                   all_rows<supprime_gap>,                                    "remove all gaps of the sequence"},
     {'X',                   shorten_key,                                               "shorten the sequence"},
     {'?',                   information_key,                                           "what is known about the species, and its group"},

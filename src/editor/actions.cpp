@@ -4,10 +4,12 @@
 #include "core/ali_screen.h"
 #include "core/consensus.h"
 #include "core/edit.h"
+#include "core/options.h"
 #include "core/shutdown.h"
 #include "core/store.h"
 #include "editor/display.h"
 #include "editor/editing.h"
+#include "editor/ensemble_commands.h"
 #include "editor/navigation.h"
 #include "editor/prompts.h"
 #include "editor/view.h"
@@ -163,6 +165,11 @@ Redraw help_key()
     return redraw_all_rows;
 }
 
+Redraw modify_ensemble_key()
+{
+    return modif_ensemble() == rebuild_failed ? leave_editor : redraw_screen;
+}
+
 Redraw create_ensemble_key()
 {
     if (nb_ens == max_ensembles) return redraw_none;
@@ -209,6 +216,12 @@ Redraw write_outputs_key()
     write_file_kel_ali();
     nb_spec_affich = count_display_rows();
     settle_cursor();
+    return redraw_screen;
+}
+
+Redraw next_score_key()
+{
+    opt_evalue = (opt_evalue + 1) % 3;
     return redraw_screen;
 }
 

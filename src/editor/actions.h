@@ -29,12 +29,14 @@ int half_screen(); // rows of the moves by half a screen
 
 // ---- files, windows, menus
 Redraw help_key();
+Redraw modify_ensemble_key();
 Redraw create_ensemble_key();
 Redraw other_file_key();  // save check, then whether to leave the editor
 Redraw end_program_key(); // save check, then the exit confirmation
 Redraw window_options_key();
 Redraw write_outputs_key();
 Redraw choice_various_options(); // the menu of key O
+Redraw next_score_key();         // another score beside identifiers
 
 struct VariousOption {
     std::string_view text; // at most 50 characters

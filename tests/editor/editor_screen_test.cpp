@@ -154,8 +154,9 @@ TEST_F(EditorScreenTest, NoKeyBreaksTheEditor)
         "Q|S-F4 Y|"
         "U Y|X Y Enter|X Y Down Enter|P Y|D Y|A-BackSpace Y Enter|A-BackSpace Y Up Enter|"
         "S-F8 Y \"AC*-\" BackSpace Delete Right Escape N N|S-F8 Y End \"GGG\" Escape N N|"
-        "S-F9 N Enter \"ACGT*\" Enter|S-F12|F5|O Enter F2|R Y|L Y|F2 Y|F12 Y|Escape N N|S-F1 N N|F1 "
-        "Escape|A-KPPlus|A-KPMinus";
+        "F4 Down Enter|F6 Enter|F6 Up Enter|F6 Escape N N|T Down Enter|T Escape N N|B|"
+        "S-F9 N Enter \"ACGT*\" Enter|S-F12|F5|O Enter F2|R Y|L Y|F2 Y Escape N N|F12 Y|Escape N N|"
+        "F2 Enter Home F2 F3 Escape N N|F3 Y F2 F3 Escape N N|S-F1 N N|F1 Escape|A-KPPlus|A-KPMinus";
     const test::Geometry sizes[] = {{20, 20}, {20, 29}, {20, 31}, {21, 37}, {34, 80}, {200, 200}};
     for (unsigned round = 0; round < 24; round++) {
         std::mt19937 random(round);
@@ -173,6 +174,7 @@ TEST_F(EditorScreenTest, NoKeyBreaksTheEditor)
         for (int i = 0; i < std::ssize(rows); i++)
             ensembles[random() % ensembles.size()].push_back(i);
         load(rows, ensembles, static_cast<int>(random() % 2));
+        read_frame_of_three_groups();
         opt_consensus = static_cast<int>(random() % 3);
         opt_nogap = static_cast<int>(random() % 2);
         opt_tiret = static_cast<int>(random() % 2);

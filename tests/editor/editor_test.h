@@ -16,6 +16,10 @@
 #include "support/ali_folder.h"
 #include "support/screen_test.h"
 #include "taxonomy/frame.h"
+#include "taxonomy/frame_files.h"
+#include "taxonomy/frame_layout.h"
+#include "taxonomy/frame_screen.h"
+#include "taxonomy/group_file_screen.h"
 #include "taxonomy/selection.h"
 
 #include <algorithm>
@@ -75,6 +79,24 @@ public:
         for (int e = 0; e < nb_ens; e++)
             set_ensemble_name(e, text_format("ensemble %c", 'A' + e));
         mark_saved();
+    }
+
+    // Species 0 and 1 are in group A, 2 and 3 in B, 4 and 5 in C; the others are in the Cupboard.
+    void read_frame_of_three_groups()
+    {
+        write_file("zoltexe/THREE.fra",
+                   "1 May\n(C:200:64:-1,(B:200:40:-1,A:200:24:-1)Top:100:32:-1)Root:3:48:-1;\n");
+        std::string groups;
+        for (int s = 0; s < 6; s++)
+            groups += text_format("Genus_%c species,%c\n", 'a' + s, 'A' + s / 2);
+        write_file("zolt/data/three.nom", groups);
+        write_file("zolt/data/three.col", "10,A\n3,B\n14,C\n");
+        const auto data = path("zolt/data/three");
+        write_file("zolt/data/afas.ref", "THREE\n" + data + ".nom\n" + data + ".col\n");
+        read_FRA_NOM_COL();
+        read_frame();
+        adjust_frame();
+        read_file_NOM();
     }
 
     Played edit(std::string_view script)
