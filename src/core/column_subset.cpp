@@ -18,12 +18,15 @@ ColumnSubset::ColumnSubset(std::span<const unsigned char> hidden)
 
 void ColumnSubset::append(std::string& text, std::string_view row) const
 {
+    const std::size_t before = text.size();
+    text.resize(before + static_cast<std::size_t>(count_), ' ');
+    char* out = text.data() + before;
     const auto length = static_cast<int>(row.size());
-    for (const Run run : runs_) {
-        const int last = std::clamp(length, run.first, run.last); // of the row's own characters
-        if (last > run.first)
-            text.append(row, static_cast<std::size_t>(run.first), static_cast<std::size_t>(last - run.first));
-        text.append(static_cast<std::size_t>(run.last - last), ' ');
+    for (const auto [first, last] : runs_) {
+        const int end = std::clamp(length, first, last); // of the row's own characters
+        for (int p = first; p < end; p++)
+            out[p - first] = row[static_cast<std::size_t>(p)];
+        out += last - first;
     }
 }
 
