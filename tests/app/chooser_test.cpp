@@ -78,6 +78,16 @@ TEST_F(ChooserTest, ShowsTheAlignmentsAndTheFilesInUse)
     EXPECT_EQ(file_ALI, "a_name_of_more_than_thirty_characters.ali"); // cut on the screen, opened whole
 }
 
+TEST_F(ChooserTest, LeavesForOtherProgramsOnEveryPage)
+{
+    make_files(55);
+    choose("F8 F2 Down Enter");
+    EXPECT_TRUE(shows("The program vellomar is not in the directory /d/zoltexe/"));
+    choose("F8 F2 Down Enter Z");
+    EXPECT_EQ(highlighted(), "file055.ali");
+    EXPECT_EQ(line_of("vellomar"), 0);
+}
+
 TEST_F(ChooserTest, MovesWrapAroundThePage)
 {
     make_files(30); // 27 in the first screen column, 3 in the second
