@@ -155,7 +155,12 @@ int gere_affich_seq_est()
     affich_cursor_numbers();
     affich_differences();
     const int pressed = read_key_at_cursor();
-    return run_key(est_keys.find(pressed)) == leave_editor ? 1 : 0;
+    const Redraw redraw = run_key(est_keys.find(pressed));
+    if (pressed == key::f9) { // the marks follow the new name
+        mark_mergeables();
+        affich_all_species();
+    }
+    return redraw == leave_editor ? 1 : 0;
 }
 
 int gere_mode_est()

@@ -1,5 +1,7 @@
 // EST mode and region selection, played as keys.
+#include "core/ali_reader.h"
 #include "core/merging.h"
+#include "core/work_buffer.h"
 #include "editor/est_mode.h"
 #include "editor/region.h"
 #include "editor_test.h"
@@ -8,7 +10,9 @@
 #include "support/plain_reference.h"
 #include "support/shared_data.h"
 
+#include <numeric>
 #include <random>
+#include <utility>
 
 using namespace kq;
 using test::EditorTest;
@@ -31,9 +35,40 @@ public:
     test::Played merge(std::string_view keys)
     {
         return play(keys, [] {
+            for (int e = 0; e < nb_ens; e++)
+                compute_consensus(e);
             enter();
             result = gere_mode_est();
         });
+    }
+    static std::string steps(std::string_view key, int count)
+    {
+        std::string script;
+        for (int i = 0; i < count; i++)
+            script += std::string(key) + ' ';
+        return script;
+    }
+    // "", or what is not as the rows say it has to be.
+    static std::string stale()
+    {
+        const auto rows = sequences();
+        plain::Texts all, listed;
+        for (int e = 0; e < nb_ens; e++) {
+            plain::Texts texts;
+            for (const int species : members(e))
+                texts.push_back(rows[static_cast<std::size_t>(species)]);
+            listed.insert(listed.end(), texts.begin(), texts.end());
+            const auto expected = plain::ensemble_consensus(texts, nb_nuc_tot, type_seq, caractere);
+            if (collapsed(e) && expected.characters != seq_cons[static_cast<std::size_t>(e)])
+                return "the consensus of an ensemble";
+        }
+        all.assign(rows.begin(), rows.end());
+        if (opt_consensus &&
+            plain::consensus_line(opt_consensus == 1 ? listed : all, nb_nuc_tot, type_seq) != ligne_consensus)
+            return "the consensus line";
+        auto hidden = plain::hidden_columns(listed, nb_nuc_tot);
+        if (opt_nogap) std::ranges::fill(hidden, 0);
+        return std::equal(hidden.begin(), hidden.end(), delcom) ? "" : "the hidden columns";
     }
     void expect_whole(const char* what) const
     {
@@ -105,7 +140,6 @@ TEST_F(EstModeTest, RefusesWhatItCannotPaste)
         load_fragments({"AAAA", "CCCC", "GGGG"}, {{0, 1}, {2}});
         name(1, "Genus other@X.1");
         set_collapsed(1, true);
-        compute_consensus(1);
         const auto before = sequences();
         merge(c.keys);
         EXPECT_TRUE(shows(c.message)) << c.keys;
@@ -182,19 +216,94 @@ TEST_F(EstModeTest, BringsEverythingThatHoldsTheMasterUpToDate)
     // The master is in two ensembles, one of them collapsed, and shares the first with another species.
     load_fragments({"AC*****", "A***GTC", "A****TG"}, {{1, 2}, {0, 1}, {0}});
     set_collapsed(2, true);
-    compute_consensus(2);
     opt_consensus = 1;
     merge("Down*2 F2 Up*2 Right R");
     EXPECT_EQ(sequence(0), "A***GTC");
     EXPECT_EQ(std::string(seq_cons[2]), "A***GTC");
-    plain::Texts texts; // of the members of all ensembles
-    const auto rows = sequences();
-    for (const int species : {1, 2, 0, 1, 0})
-        texts.push_back(rows[static_cast<std::size_t>(species)]);
-    EXPECT_EQ(plain::consensus_line(texts, nb_nuc_tot, type_seq), ligne_consensus);
-    EXPECT_TRUE(std::ranges::equal(plain::hidden_columns(texts, nb_nuc_tot), std::span(delcom, 7)));
     EXPECT_EQ(cursor_position(), 4) << "column 1 has become hidden";
+    EXPECT_EQ(stale(), "");
     expect_whole("pasted");
+}
+
+// Random rows of several lengths, hidden columns, ensembles that share species, some of them collapsed.
+TEST_F(EstModeTest, RandomPastesEqualThePlainOnes)
+{
+    for (unsigned round = 0; round < 120; round++) {
+        std::mt19937 random(round);
+        const auto below = [&random](std::size_t n) { return static_cast<int>(random() % n); };
+        const int columns = 2 + below(40), master = below(4), fragment = (master + 1 + below(3)) % 4;
+        std::vector<std::string> rows(4, std::string(static_cast<std::size_t>(columns), 'A'));
+        for (auto& row : rows)
+            for (std::size_t p = 1; p < row.size(); p++)
+                row[p] = "ACG*-  *"[below(8)];
+        load_fragments(rows, {{0, 1, 2, 3}, {master, fragment}, {master}, {fragment}});
+        for (const int species : {master, fragment}) {
+            auto text = rows[static_cast<std::size_t>(species)];
+            if (below(3) == 0)
+                text.resize(static_cast<std::size_t>(1 + below(static_cast<std::size_t>(columns))));
+            if (below(3) == 0) text += "GG";
+            replace_text(species, text);
+        }
+        opt_nogap = below(2);
+        opt_consensus = below(3);
+        for (int e = 1; e < 4; e++)
+            set_collapsed(e, below(2));
+        const auto before = sequences();
+        const char pressed = "RLP"[below(3)];
+        std::string script = steps("Down", master) + "F2 " + steps("Up", master) + steps("Down", fragment);
+        merge(script += steps("Right", below(static_cast<std::size_t>(columns))));
+        const int position = cursor_position();
+        merge(script + pressed);
+
+        auto expected = before[static_cast<std::size_t>(master)];
+        const auto text = before[static_cast<std::size_t>(fragment)];
+        const auto read = text.substr(0, static_cast<std::size_t>(columns));
+        bool pasted = false;
+        for (int p = 0; p < std::ssize(read); p++) {
+            const auto i = static_cast<std::size_t>(p);
+            if (pressed == 'R' ? p < position : pressed == 'L' ? p >= position : p != position) continue;
+            if (read[i] == ' ') continue;
+            if (!std::exchange(pasted, true) && std::ssize(expected) < columns)
+                expected.resize(static_cast<std::size_t>(columns), ' ');
+            expected[i] = read[i];
+        }
+        ASSERT_EQ(sequence(master), expected) << "round " << round << ": " << script << pressed;
+        ASSERT_EQ(sequence(fragment), text) << "round " << round;
+        ASSERT_EQ(stale(), "") << "round " << round << ": " << script << pressed;
+        expect_whole("random");
+    }
+}
+
+TEST_F(EstModeTest, PiecesOfRealSequencesBecomeWhole)
+{
+    const auto data = test::shared_data();
+    if (!data) GTEST_SKIP() << "no shared alignments here";
+    load({"A"}); // makes room for an alignment
+    const std::string file = *data + "/ssu_small/ZOLT/seq/ssu_frag.ali";
+    ASSERT_TRUE(allocate_buffer());
+    ASSERT_EQ(load_ali(file, check_ali(file)), "");
+    std::vector<int> all(static_cast<std::size_t>(nb_spec));
+    std::iota(all.begin(), all.end(), 0);
+    set_members(0, all);
+    const auto before = sequences();
+    // The first of three pieces is the master of the two below it, which go to the rejects.
+    std::string script = "Down*11 ";
+    for (const char* master : {"F2 ", "F2 Y ", "F2 Y ", "F2 Y "})
+        script += std::string(master) + "Home Down R F12 R F12 ";
+    file_ALI = "frag.ali";
+    merge(script);
+    EXPECT_TRUE(changed());
+    for (int whole = 0; whole < 4; whole++) {
+        const int master = 11 + 3 * whole;
+        EXPECT_TRUE(sequence(master) == before[static_cast<std::size_t>(whole)]) << identifier(master);
+        EXPECT_TRUE(destroy[static_cast<std::size_t>(master + 1)] &&
+                    destroy[static_cast<std::size_t>(master + 2)]);
+    }
+    EXPECT_EQ(nb_spec_ens[0], 15);
+    const auto rejects = read_file("seq/frag.non");
+    EXPECT_NE(rejects.find("#mode EST\n>Clostridium tetani@X74770.3\n"), std::string::npos);
+    EXPECT_EQ(stale(), "");
+    expect_whole("merged");
 }
 
 TEST_F(EstModeTest, KeysOfTheEditorWorkAndOthersDoNot)
@@ -214,7 +323,6 @@ TEST_F(EstModeTest, ShowsTheCounter)
 {
     load_fragments({"ACGTACGTACGTACGTACGT", "ACGTTCGTACGTACTTACGA", "AAAAAAAAAAAAAAAAAAAA"}, {{0, 1}, {2}});
     set_collapsed(1, true);
-    compute_consensus(1);
     opt_consensus = 1;
     merge("F2 Down Right*6");
     EXPECT_EQ(line(23),
