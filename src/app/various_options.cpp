@@ -1,6 +1,7 @@
 // screen: the editor's menu of various options.
 #include "editor/actions.h"
 #include "editor/est_mode.h"
+#include "taxonomy/derived_outputs.h"
 
 namespace kq {
 
@@ -11,8 +12,8 @@ constexpr VariousOption entries[] = {
     {"Selecting a region for compacting gaps to left", nullptr},
     {"Selecting a region for compacting gaps to right", nullptr},
     {"Selecting a region for realignment by ClustalW", nullptr},
-    {"Writing a .nom file usable by dalvex", nullptr},
-    {"Writing multiple .ali files (one per ensemble)", nullptr},
+    {"Writing a .nom file usable by dalvex", [] { write_file_nom(); }},
+    {"Writing multiple .ali files (one per ensemble)", write_multiple_ali},
 };
 
 } // namespace

@@ -233,6 +233,7 @@ Redraw choice_various_options()
         labels.push_back(option.text);
     const int chosen = _choice_option(dialog_line, 0, labels, entry_width);
     if (chosen == escaped) return redraw_screen;
+    draw_rows_again(); // the next box may be a smaller one
     if (const auto run = various_options[static_cast<std::size_t>(chosen)].run) run();
     return redraw_screen;
 }

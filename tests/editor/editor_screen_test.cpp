@@ -131,6 +131,23 @@ TEST_F(EditorScreenTest, DialogsLeaveNoTraces)
     }
 }
 
+TEST_F(EditorScreenTest, TheVariousOptionsOpen)
+{
+    load_mixed();
+    const struct {
+        const char* keys;
+        const char* text;
+    } cases[] = {
+        {"O Enter", "F2:Select-Master"},
+        {"O Down*4 Enter", "File name (.nom):"},
+    };
+    for (const auto& c : cases) {
+        edit(c.keys);
+        EXPECT_TRUE(shows(c.text)) << c.keys;
+        EXPECT_EQ(line(1).substr(0, 17), "Genus_a species@1") << "the rows stand around the box";
+    }
+}
+
 TEST_F(EditorScreenTest, ASmallerWindowKeepsTheCursorInside)
 {
     open({.lines = 34, .columns = 100});
