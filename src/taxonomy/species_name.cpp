@@ -2,7 +2,6 @@
 #include "taxonomy/species_name.h"
 
 #include "core/edit.h"
-#include "core/families.h"
 #include "core/store.h"
 #include "raster/keys.h"
 #include "screen/dialogs.h"

@@ -292,8 +292,8 @@ SpeciesRedraw SpeciesScreen::toggle_mask()
 
 SpeciesRedraw SpeciesScreen::information()
 {
-    if (affich_info(current_species(), list_of_moves()) == 0) return SpeciesRedraw::screen;
-    if (group_ >= 0 && nb_spec_gro > 0) list_species_of_group(group_);
+    if (affich_info(current_species(), list_of_moves()) == 0 || group_ < 0) return SpeciesRedraw::screen;
+    if (nb_spec_gro > 0) list_species_of_group(group_);
     return to_top();
 }
 

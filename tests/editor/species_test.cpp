@@ -1,6 +1,7 @@
 // Species go out of the alignment, out of ensembles, and come in.
 #include "editor_test.h"
 #include "screen/text.h"
+#include "taxonomy/frame_files.h"
 
 using namespace kq;
 using test::EditorTest;
@@ -124,6 +125,34 @@ TEST_F(SpeciesTest, AnEnsembleCollapsesAndExpands)
     EXPECT_FALSE(collapsed(0));
     EXPECT_EQ(nb_spec_affich, 3);
     expect_whole("expanded");
+}
+
+TEST_F(SpeciesTest, ASpeciesIsLookedAtAndRenamed)
+{
+    file_NOM = path("zolt/data/test.nom");
+    write_file("zolt/data/test.nom", "");
+    load({"ACGT", "CCCC"}, {{0, 1}, {1}});
+    nbtot_groupe[0][0] = nb_spec;
+    const auto screen_after = [this](std::string_view keys) {
+        edit(keys);
+        return screen_dump();
+    };
+    edit("Down ?");
+    EXPECT_TRUE(shows("This species is Genus_b species@2 (Cupboard)"));
+    EXPECT_TRUE(screen_after("Down ? Q") == screen_after("Down"));
+
+    edit("Down F9 x Enter Y");
+    EXPECT_EQ(identifier(1), "Genus_b speciesx@2");
+    EXPECT_EQ(read_file("zolt/data/test.nom"), "Genus_b speciesx , Cupboard\n");
+    EXPECT_TRUE(changed());
+    EXPECT_TRUE(shows("Genus_b speciesx@2"));
+    EXPECT_TRUE(screen_after("Down F9 Escape") == screen_after("Down"));
+
+    edit("E F9");
+    EXPECT_TRUE(shows("Change the type of display of the ensemble n1 before"));
+    edit("?");
+    EXPECT_TRUE(shows("Change the type of display of the ensemble n1 before"));
+    file_NOM.clear();
 }
 
 TEST_F(SpeciesTest, ASequenceIsAdded)

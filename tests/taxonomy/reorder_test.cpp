@@ -98,6 +98,16 @@ TEST_F(Reorder, NumbersAreTypedAndApplied)
     EXPECT_EQ(selection_error(), "");
 }
 
+TEST_F(Reorder, ShowsWhatIsKnownAboutASpecies)
+{
+    select(3);
+    type("3 Down ?");
+    EXPECT_TRUE(shows("This species is Genus species2@X (B)"));
+    type("3 Down ? Q");
+    EXPECT_TRUE(shows("   3 [   1] Genus species1@X")) << "what was typed is still there";
+    EXPECT_TRUE(shows("List of species selected"));
+}
+
 TEST_F(Reorder, TheViewFollowsTheCursor)
 {
     select(60);

@@ -1,0 +1,182 @@
+// The keys of the species screen on a list of 20000 selected species: outside drawing beside the plain form
+// of the same rule, and with drawing.
+#include "core/families.h"
+#include "core/store.h"
+#include "raster/grx.h"
+#include "screen/text.h"
+#include "screen/window.h"
+#include "taxonomy/fra_file.h"
+#include "taxonomy/frame.h"
+#include "taxonomy/frame_build.h"
+#include "taxonomy/group_files.h"
+#include "taxonomy/selection.h"
+#include "taxonomy/species_screen.h"
+#include "taxonomy/tree_walk.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+
+namespace kq {
+namespace {
+
+constexpr int species_count = max_species, leaf_count = 138;
+
+// The largest alignment, short rows, in a frame of 138 leaves; a quarter of the species is new, so that names
+// and states differ.
+void load()
+{
+    static bool loaded = false;
+    if (loaded) return;
+    loaded = true;
+    if (!store_allocate() || !store_begin(species_count, 4).empty()) std::abort();
+    std::string groups;
+    for (int s = 0; s < species_count; s++) {
+        const std::string name = "Genus species number " + std::to_string(s);
+        store_put(s, name + "@X" + std::to_string(s * 7), "ACGT", false, s % 4 == 0);
+        groups += name + " , g" + std::to_string(s * 31 % leaf_count) + "\n";
+    }
+    derive_families();
+    std::string frame(leaf_count - 1, '(');
+    frame += "g0:371:8:-1";
+    for (int i = 1; i < leaf_count; i++)
+        frame += ",g" + std::to_string(i) + ":371:8:-1)?:200:8:-1";
+    build_frame(parse_fra("v\n" + frame + ";\n").nodes);
+    assign_groups(groups, "nom");
+}
+
+// All species listed; selected too, or none of them.
+void begin(bool selected, int lines = 34, int columns = 80)
+{
+    setenv("GRX20DRV", "memory", 1);
+    _nb_line = lines;
+    _nb_col = columns;
+    GrMemoryScript("");
+    open_window("bench");
+    load();
+    selection_reset();
+    collect_species_below(*proot);
+    if (selected) retenir_all_specie(retain_all);
+}
+
+// ---- outside drawing --------------------------------------------------------------------------------------
+
+// One species down, ten down, a column to the right, and back.
+void moves(benchmark::State& state)
+{
+    begin(true);
+    SpeciesScreen screen(not_a_group);
+    for (auto _ : state) {
+        screen.down(), screen.page_down(), screen.right();
+        screen.left(), screen.page_up(), screen.up();
+    }
+    state.SetItemsProcessed(6 * state.iterations());
+}
+
+// The first species: every other one closes up.
+void deselect_and_select(benchmark::State& state)
+{
+    begin(true);
+    for (auto _ : state) {
+        SpeciesScreen screen(not_a_group);
+        screen.toggle_selection();
+        screen.up(), screen.toggle_selection();
+    }
+    state.SetItemsProcessed(2 * state.iterations());
+}
+
+void mask_and_unmask(benchmark::State& state)
+{
+    begin(true);
+    for (auto _ : state) {
+        SpeciesScreen screen(not_a_group);
+        screen.toggle_mask();
+        screen.toggle_mask();
+        state.PauseTiming();
+        select_species(cor[0]);
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(2 * state.iterations());
+}
+
+void plain_toggle(int species)
+{
+    const auto s = static_cast<std::size_t>(species);
+    auto& count =
+        nbret_groupe[static_cast<std::size_t>(no_family[s])][static_cast<std::size_t>(no_groupe[s])];
+    if (retenu[s] == -1) {
+        retenu[s] = ++nb_retenu;
+        count++;
+        return;
+    }
+    for (int other = 0; other < nb_spec; other++)
+        if (retenu[static_cast<std::size_t>(other)] > retenu[s]) retenu[static_cast<std::size_t>(other)]--;
+    retenu[s] = -1;
+    nb_retenu--;
+    count--;
+}
+
+// A hundred species out of the selection and in again; every higher rank closes up.
+void toggle_hundred(benchmark::State& state, bool plain)
+{
+    begin(true);
+    for (auto _ : state) {
+        if (plain) {
+            for (const int species : working_list().first(100))
+                plain_toggle(species);
+        } else {
+            SpeciesScreen(not_a_group).toggle_hundred();
+        }
+    }
+}
+
+// Finds the next species of another ensemble at the end of the list.
+void next_of_another_ensemble(benchmark::State& state)
+{
+    begin(false);
+    drap_select[static_cast<std::size_t>(cor[species_count - 1])] = 0;
+    for (auto _ : state)
+        SpeciesScreen(not_a_group).next_of_another_ensemble();
+}
+
+BENCHMARK(moves)->Unit(benchmark::kMicrosecond);
+BENCHMARK(deselect_and_select)->Unit(benchmark::kMicrosecond);
+BENCHMARK(mask_and_unmask)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(toggle_hundred, in_one_pass, false)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(toggle_hundred, one_by_one, true)->Unit(benchmark::kMicrosecond);
+BENCHMARK(next_of_another_ensemble)->Unit(benchmark::kMicrosecond);
+
+// ---- with drawing -----------------------------------------------------------------------------------------
+
+// The screen from its opening to its end, with 800 keys in between: `round` is four of them.
+void keys(benchmark::State& state, const std::string& round)
+{
+    constexpr int rounds = 200;
+    std::string script;
+    for (int i = 0; i < rounds; i++)
+        script += round + " ";
+    for (auto _ : state) {
+        state.PauseTiming();
+        begin(true, static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+        GrMemoryScript(script + "Escape");
+        state.ResumeTiming();
+        choice_specie(not_a_group);
+    }
+    state.SetItemsProcessed(4 * rounds * state.iterations());
+}
+
+void geometries(benchmark::internal::Benchmark* bench)
+{
+    bench->Args({34, 80})->Args({200, 160})->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK_CAPTURE(keys, down_up, "Down Up Down Up")->Apply(geometries);
+BENCHMARK_CAPTURE(keys, a_view_on_and_back, "Right*2 Left*2")->Apply(geometries);
+BENCHMARK_CAPTURE(keys, deselect_and_select, "Enter Up Enter Up")->Apply(geometries);
+
+} // namespace
+} // namespace kq
+
+BENCHMARK_MAIN();
