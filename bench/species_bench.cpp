@@ -9,6 +9,7 @@
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_build.h"
 #include "taxonomy/group_files.h"
+#include "taxonomy/group_moves.h"
 #include "taxonomy/selection.h"
 #include "taxonomy/species_screen.h"
 #include "taxonomy/tree_walk.h"
@@ -67,7 +68,7 @@ void begin(bool selected, int lines = 34, int columns = 80)
 void moves(benchmark::State& state)
 {
     begin(true);
-    SpeciesScreen screen(not_a_group);
+    SpeciesScreen screen(list_without_group);
     for (auto _ : state) {
         screen.down(), screen.page_down(), screen.right();
         screen.left(), screen.page_up(), screen.up();
@@ -80,7 +81,7 @@ void deselect_and_select(benchmark::State& state)
 {
     begin(true);
     for (auto _ : state) {
-        SpeciesScreen screen(not_a_group);
+        SpeciesScreen screen(list_without_group);
         screen.toggle_selection();
         screen.up(), screen.toggle_selection();
     }
@@ -91,7 +92,7 @@ void mask_and_unmask(benchmark::State& state)
 {
     begin(true);
     for (auto _ : state) {
-        SpeciesScreen screen(not_a_group);
+        SpeciesScreen screen(list_without_group);
         screen.toggle_mask();
         screen.toggle_mask();
         state.PauseTiming();
@@ -127,7 +128,7 @@ void toggle_hundred(benchmark::State& state, bool plain)
             for (const int species : working_list().first(100))
                 plain_toggle(species);
         } else {
-            SpeciesScreen(not_a_group).toggle_hundred();
+            SpeciesScreen(list_without_group).toggle_hundred();
         }
     }
 }
@@ -138,7 +139,7 @@ void next_of_another_ensemble(benchmark::State& state)
     begin(false);
     drap_select[static_cast<std::size_t>(cor[species_count - 1])] = 0;
     for (auto _ : state)
-        SpeciesScreen(not_a_group).next_of_another_ensemble();
+        SpeciesScreen(list_without_group).next_of_another_ensemble();
 }
 
 BENCHMARK(moves)->Unit(benchmark::kMicrosecond);
@@ -162,7 +163,7 @@ void keys(benchmark::State& state, const std::string& round)
         begin(true, static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
         GrMemoryScript(script + "Escape");
         state.ResumeTiming();
-        choice_specie(not_a_group);
+        choice_specie(list_without_group);
     }
     state.SetItemsProcessed(4 * rounds * state.iterations());
 }

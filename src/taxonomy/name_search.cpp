@@ -5,6 +5,7 @@
 #include "screen/dialogs.h"
 #include "screen/fields.h"
 #include "screen/text.h"
+#include "taxonomy/group_moves.h"
 #include "taxonomy/prompt_field.h"
 #include "taxonomy/selection.h"
 #include "taxonomy/species_screen.h"
@@ -47,7 +48,7 @@ int cherche_begin_part_ident(int how)
             affich_avert("There are no species beginning with these characters", 4); // Deliberate: for both
             continue;
         }
-        choice_specie(how == search_beginning ? not_a_group : found_by_part);
+        choice_specie(how == search_beginning ? list_without_group : found_by_part);
         return redraw_all;
     }
     return redraw_tree;

@@ -141,8 +141,9 @@ void SpeciesScreen::affich_choice_specie() const
     window_hp(1, 1, _nb_line, _nb_col, color::light_grey);
     outtext_inside(2, title_column, color::magenta, title);
     outtext_inside(_nb_line - 1, 3, color::light_cyan,
-                   group_ == not_a_group ? "F1:Help F2:All F5:Neighboring species  ESCAPE:Return"
-                                         : "F1:Help F2:All F3:Other F5:Neighboring species  ESCAPE:Return");
+                   group_ == list_without_group
+                       ? "F1:Help F2:All F5:Neighboring species  ESCAPE:Return"
+                       : "F1:Help F2:All F3:Other F5:Neighboring species  ESCAPE:Return");
     _settextwindow(first_list_line, first_list_column, _nb_line - 2, _nb_col - 2);
 }
 

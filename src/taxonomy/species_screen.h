@@ -9,10 +9,9 @@
 
 namespace kq {
 
-inline constexpr int not_a_group = -1;
-
 // Shows the working list (taxonomy/selection.h) until the user leaves; an empty list is not shown. `group` is
-// the group whose species they are; not_a_group, or another negative number, for what a search has found.
+// the group whose species they are; list_without_group (taxonomy/group_moves.h), or another negative number,
+// for what a search has found.
 void choice_specie(int group);
 
 // How much is drawn again after a key; each includes the ones before it.

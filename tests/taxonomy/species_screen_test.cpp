@@ -38,7 +38,7 @@ public:
         std::iota(cor.begin(), cor.begin() + nb_spec, 0);
         nb_spec_gro = nb_spec;
     }
-    Played list(std::string_view keys, int group = not_a_group)
+    Played list(std::string_view keys, int group = list_without_group)
     {
         return play(keys, [group] { choice_specie(group); });
     }
@@ -85,7 +85,7 @@ TEST_F(SpeciesList, LooksLikeThis)
     };
     EXPECT_TRUE(title(1).starts_with("List of species in group " + std::string(group_name(1))));
     EXPECT_TRUE(title(0).starts_with("List of species with specific characters"));
-    EXPECT_TRUE(title(not_a_group).starts_with("List of species with specific characters"));
+    EXPECT_TRUE(title(list_without_group).starts_with("List of species with specific characters"));
 }
 
 TEST_F(SpeciesList, TheViewFollowsTheCursor)
@@ -278,7 +278,7 @@ TEST_F(SpeciesList, CountersStayExact)
             drap_select[static_cast<std::size_t>(s)] = pick(3) ? -1 : 0;
         for (int step = 0; step < 120; step++) {
             if (step == 60) open({.lines = 20, .columns = 20});
-            int group = not_a_group;
+            int group = list_without_group;
             pcour = proot;
             for (int depth = pick(8); depth > 0 && !pcour->leaf(); depth--)
                 pcour = pick(2) ? pcour->child1 : pcour->child2;
