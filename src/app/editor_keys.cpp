@@ -9,6 +9,7 @@
 #include "editor/ensemble_display.h"
 #include "editor/modif_sequence.h"
 #include "editor/navigation.h"
+#include "editor/options_screen.h"
 #include "editor/similarity.h"
 #include "editor/species_actions.h"
 #include "editor/species_removal.h"
@@ -47,6 +48,7 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {key::f4,               whole_screen<change_affich>,                               "collapse or expand an ensemble"},
     {key::f5,               sequences<write_file_ALI>,                                 "save the alignment"},
     {key::f6,               whole_screen<detruire_ensemble>,                           "discard an ensemble"},
+    {key::f8,               whole_screen<choice_config_affiche>,                       "options of the display"},
     {key::f10,              change_group_key,                                          "change the group of the species"},
     {key::f9,               rename_key,                                                "rename the species"},
     {key::shift_f1,         other_file_key,                                            "work on another file"},
