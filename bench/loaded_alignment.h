@@ -2,16 +2,12 @@
 // ends.
 #pragma once
 
+#include "bench/timing.h"
 #include "support/plain_reference.h"
 
 #include <vector>
 
 namespace kq::bench {
-
-struct Size {
-    int species, columns;
-};
-inline constexpr Size sizes[] = {{20000, 14900}, {2000, 149000}, {20000, 1500}};
 
 // Loads the alignment of sizes[i], unless it is loaded: two ensembles of half of the species each, collapsed,
 // and one of ten species shown one by one; the consensus line on; everything counted and computed.
