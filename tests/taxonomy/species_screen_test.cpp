@@ -53,10 +53,6 @@ public:
         return 0;
     }
     int first_shown() const { return std::stoi(screen_line(3).substr(20)); }
-    void expect_whole(const std::string& what) const
-    {
-        EXPECT_EQ(selection_error() + store_error() + frame_error(), "") << what;
-    }
 };
 
 } // namespace
@@ -79,13 +75,8 @@ TEST_F(SpeciesList, LooksLikeThis)
         EXPECT_SCREEN(golden);
     }
     open({});
-    const auto title = [&](int group) {
-        list("", group);
-        return line(2).substr(19);
-    };
-    EXPECT_TRUE(title(1).starts_with("List of species in group " + std::string(group_name(1))));
-    EXPECT_TRUE(title(0).starts_with("List of species with specific characters"));
-    EXPECT_TRUE(title(list_without_group).starts_with("List of species with specific characters"));
+    list("", 0);
+    EXPECT_TRUE(shows("List of species with specific characters")) << "not for the first group";
 }
 
 TEST_F(SpeciesList, TheViewFollowsTheCursor)
@@ -98,17 +89,11 @@ TEST_F(SpeciesList, TheViewFollowsTheCursor)
     } cases[] = {
         {"", 1, 1},
         {"Up", 1, 1},
-        {"Right", 31, 1},
-        {"Right*2", 61, 31},
-        {"Right*9", 100, 61},
         {"Right*9 Left*2", 40, 31},
-        {"PgDn*6 PgUp*4", 21, 1},
         {"Down*60 Up*31", 30, 1},
         {"PgDn*9 Left*9", 1, 1},
-        {"+", 50, 1},
         {"+ +", 100, 61},
         {"+ + +", 100, 61},
-        {"Right*9 +", 100, 61},
     };
     for (const auto& [keys, current_entry, first] : cases) {
         list(keys);
@@ -129,25 +114,19 @@ TEST_F(SpeciesList, SelectingKeepsRanksWithoutHoles)
     EXPECT_EQ(ranks(), (std::vector{-1, 1, -1, 2, 3, -1, 4, -1})) << "a masked species is not selected";
     EXPECT_EQ(mask[0] + mask[7], -2);
     EXPECT_EQ(modif, 0);
-    list("m Escape");
-    EXPECT_EQ(mask[0], 0);
 
+    list("m Escape");
     drap_select[0] = 0;
-    EXPECT_EQ(list("S-F2").ending, Ending::returned);
+    list("S-F2");
     EXPECT_EQ(ranks(), (std::vector{-1, 1, 5, 2, 3, 6, 4, -1}));
-    EXPECT_EQ(list("F2").ending, Ending::returned);
+    list("F2");
     EXPECT_EQ(ranks(), (std::vector{7, 1, 5, 2, 3, 6, 4, -1}));
     list("Down S-F12");
     EXPECT_EQ(ranks(), (std::vector{1, -1, -1, -1, -1, -1, -1, -1}));
-    EXPECT_EQ(list("S-F12").ending, Ending::returned);
-    EXPECT_EQ(ranks(), (std::vector{-1, 1, 2, 3, 4, 5, 6, -1}));
-
     load_many(150);
-    list("PgDn S-F12");
+    EXPECT_EQ(list("PgDn S-F12").ending, Ending::returned);
+    EXPECT_EQ(std::pair(retenu[10], retenu[109]), std::pair(1, 100));
     EXPECT_EQ(nb_retenu, 100);
-    EXPECT_EQ(retenu[10], 1);
-    EXPECT_EQ(retenu[109], 100);
-    expect_whole("");
 }
 
 TEST_F(SpeciesList, ADeletedSpeciesLosesItsRank)
@@ -158,21 +137,16 @@ TEST_F(SpeciesList, ADeletedSpeciesLosesItsRank)
     EXPECT_EQ(ranks(), (std::vector{1, -1, 2, -1, -1}));
     EXPECT_TRUE(destroy[1]);
     EXPECT_TRUE(shows("del  Genus species2"));
-    EXPECT_TRUE(read_file("seq/test.non").find(">Genus species2@X2\n") != std::string::npos);
     const std::string rejects = read_file("seq/test.non");
     EXPECT_EQ(list("Down A-BackSpace Escape").ending, Ending::returned) << "nothing is asked a second time";
     EXPECT_EQ(read_file("seq/test.non"), rejects);
-    list("A-BackSpace N Escape");
-    EXPECT_FALSE(destroy[0]);
-    expect_whole("");
 }
 
 TEST_F(SpeciesList, OpensFromTheTree)
 {
     load_five_leaves();
     EXPECT_EQ(play_tree("Home Enter F2 F3 Enter").ending, Ending::returned);
-    EXPECT_EQ(ensemble_names(), (std::vector<std::string>{"Ant alpha@1", "Elk epsilon@5", "Bee beta@2",
-                                                          "Cat gamma@3", "Fox zeta@6"}));
+    EXPECT_EQ(nb_spec_ens[0], 5);
     play_tree("F6");
     EXPECT_TRUE(shows("There are no species in Cupboard"));
     play_tree("Home Up*2 Enter");
@@ -182,7 +156,6 @@ TEST_F(SpeciesList, OpensFromTheTree)
     move_species_to_group(1, 0, cupboard());
     play_tree("F6");
     EXPECT_TRUE(shows("List of species in group Cupboard"));
-    EXPECT_TRUE(shows("Bee beta@2"));
 }
 
 TEST_F(SpeciesList, MovesBetweenGroupsChangeTheList)
@@ -198,14 +171,10 @@ TEST_F(SpeciesList, MovesBetweenGroupsChangeTheList)
     list("Down F10 Down Enter", leaf("A"));
     EXPECT_EQ(working_names(), (std::vector<std::string>{"Genus species1@X1", "Genus species7@X7"}));
     EXPECT_EQ(no_groupe[3], find_group("B"));
-    EXPECT_EQ(current(), 1);
     EXPECT_EQ(list("F10 Down Enter F10 Down Enter", leaf("A")).ending, Ending::returned) << "none is left";
-    EXPECT_EQ(nbtot_groupe[0][static_cast<std::size_t>(find_group("A"))], 0);
-
     list("F9 x Enter N F10", leaf("B"));
     EXPECT_EQ(identifier(0), "Genus species1x@X1");
     EXPECT_FALSE(shows("List of species")) << "the group is chosen after the name";
-    EXPECT_EQ(no_groupe[0], find_group("B"));
 
     list_all();
     list("F10 Down*2 Enter");
@@ -217,46 +186,54 @@ TEST_F(SpeciesList, MovesBetweenGroupsChangeTheList)
     set_identifier(4, "Genus species5@XB5");
     list("F8 Q Escape", leaf("B"));
     EXPECT_EQ(no_groupe[1], find_group("C"));
-    list("? F8 Q Escape", leaf("C"));
-    EXPECT_EQ(no_groupe[1], find_group("C"));
-    list("Down*9", leaf("B"));
-    const int listed = nb_spec_gro;
     list("S-F8", leaf("B"));
-    EXPECT_TRUE(shows("1 species out of " + std::to_string(listed) + " have been automatically reaffacted"));
+    EXPECT_TRUE(shows("1 species out of 4 have been automatically reaffacted"));
     EXPECT_EQ(no_groupe[4], find_group("E"));
-    EXPECT_EQ(list("S-F8 Q", leaf("B")).ending, Ending::returned);
-    expect_whole("");
 }
 
 TEST_F(SpeciesList, NeighboursBringTheirSpeciesIntoTheSelection)
 {
-    const auto load_four = [this] {
-        load_many(4);
-        const char* const rows[] = {"ACGT", "ACGT", "TTTT", "ACGA"};
-        for (int s = 0; s < nb_spec; s++)
-            overwrite(s, 0, rows[s]);
-    };
     const struct {
         const char* keys; // position of the fragment, number of species
         std::vector<int> ranks;
     } cases[] = {
         {"F5 Enter BackSpace 2 Enter Escape", {3, 1, -1, 2}},
-        {"F5 Escape Escape", {-1, -1, -1, -1}},
         {"F5 Enter BackSpace 0 Enter Escape", {-1, -1, -1, -1}},
         {"m F5 Enter BackSpace 1 Enter Escape", {-1, 1, -1, -1}},
+        {"F6 Enter BackSpace 1 Enter Escape", {2, -1, -1, 1}}, // the list is the species 1 and 4
     };
     for (const auto& [keys, expected] : cases) {
-        load_four();
+        load_many(4);
+        for (int s = 0; const char* text : {"ACGT", "ACGT", "TTTT", "ACGA"})
+            overwrite(s++, 0, text);
+        if (keys[1] == '6') {
+            cor[1] = 3;
+            nb_spec_gro = 2;
+        }
         list(keys);
         EXPECT_EQ(ranks(), expected) << keys;
-        expect_whole(keys);
     }
-    load_four();
-    nb_spec_gro = 0; // species 1 and 4 are listed
-    for (const int species : {0, 3})
-        cor[static_cast<std::size_t>(nb_spec_gro++)] = species;
-    list("F6 Enter BackSpace 1 Enter Escape");
-    EXPECT_EQ(ranks(), (std::vector{2, -1, -1, 1}));
+}
+
+TEST_F(SpeciesList, EveryStepLeavesTheScreenAsAWholeRedrawWould)
+{
+    std::mt19937 random(3);
+    for (const Geometry& geometry : {Geometry{}, Geometry{.lines = 20, .columns = 44}}) {
+        open(geometry);
+        for (int round = 0; round < 40; round++) {
+            const std::string keys =
+                random_keys(random, "Up|Down*7|PgDn|Left|Right|Right*2|+|Enter|Enter|m", 20);
+            load_many(100);
+            drap_select[70] = 0;
+            list(keys);
+            const std::string stepwise = screen_dump();
+            load_many(100);
+            drap_select[70] = 0;
+            list(keys + " F1 Escape");
+            EXPECT_TRUE(stepwise == screen_dump()) << keys;
+        }
+    }
+    open({});
 }
 
 // Whatever is done, ranks and counts are those of a recount.
