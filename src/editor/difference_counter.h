@@ -11,10 +11,12 @@ struct SideDifferences {
     // Shown columns from one difference to the next (1 for neighbours), on the average of the side; 0 with
     // fewer than two differences.
     double spacing = 0;
+    bool operator==(const SideDifferences&) const = default;
 };
 
 struct Differences {
     SideDifferences left, right; // the columns before `position`, and those from it on
+    bool operator==(const Differences&) const = default;
 };
 
 // A difference is a shown column in which the rows hold different characters and neither a blank. `hidden` is

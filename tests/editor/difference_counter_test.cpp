@@ -8,15 +8,6 @@
 
 using namespace kq;
 
-namespace {
-
-bool same(const SideDifferences& a, const SideDifferences& b)
-{
-    return a.count == b.count && a.spacing == b.spacing;
-}
-
-} // namespace
-
 TEST(DifferenceCounter, SkipsHiddenColumnsAndBlanks)
 {
     //                               0123456789
@@ -50,9 +41,7 @@ TEST(DifferenceCounter, EqualsThePlainWalk)
             const int p = static_cast<int>(position);
             const auto fast = count_differences_beside(a, b, hidden, p);
             const auto plain = plain::differences_beside(a, b, hidden, p);
-            ASSERT_TRUE(same(fast.left, plain.left) && same(fast.right, plain.right))
-                << a << "\n"
-                << b << "\nat " << p << ", round " << round;
+            ASSERT_TRUE(fast == plain) << a << "\n" << b << "\nat " << p << ", round " << round;
         }
     }
 }
