@@ -2,6 +2,7 @@
 #include "editor/actions.h"
 #include "editor/est_mode.h"
 #include "taxonomy/derived_outputs.h"
+#include "tools/gap_compaction.h"
 
 namespace kq {
 
@@ -9,8 +10,8 @@ namespace {
 
 constexpr VariousOption entries[] = {
     {"Using the mode EST", [] { gere_mode_est(); }},
-    {"Selecting a region for compacting gaps to left", nullptr},
-    {"Selecting a region for compacting gaps to right", nullptr},
+    {"Selecting a region for compacting gaps to left", [] { gere_compact_gap(Direction::left); }},
+    {"Selecting a region for compacting gaps to right", [] { gere_compact_gap(Direction::right); }},
     {"Selecting a region for realignment by ClustalW", nullptr},
     {"Writing a .nom file usable by dalvex", [] { write_file_nom(); }},
     {"Writing multiple .ali files (one per ensemble)", write_multiple_ali},

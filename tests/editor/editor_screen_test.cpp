@@ -122,10 +122,11 @@ TEST_F(EditorScreenTest, DialogsLeaveNoTraces)
     }
     edit("Right");
     EXPECT_EQ(screen_dump(), before);
-    for (const char* keys : {"Right S-F4 N", "Right D N", "Right X Escape", "Right U N", "Right P N",
-                             "Right F11 Escape", "Right O Escape", "Right O Enter Escape", "Right S-F1 N",
-                             "Right Escape N", "Right S-F9 Escape", "Right F3 N", "Right A-BackSpace Escape",
-                             "Right S-F8 N", "Right S-F8 Y Escape", "Right F1 Escape"}) {
+    for (const char* keys :
+         {"Right S-F4 N", "Right D N", "Right X Escape", "Right U N", "Right P N", "Right F11 Escape",
+          "Right O Escape", "Right O Enter Escape", "Right O Down Enter ( Escape", "Right S-F1 N",
+          "Right Escape N", "Right S-F9 Escape", "Right F3 N", "Right A-BackSpace Escape", "Right S-F8 N",
+          "Right S-F8 Y Escape", "Right F1 Escape"}) {
         edit(keys);
         EXPECT_EQ(screen_dump(), before) << keys;
     }
@@ -172,7 +173,8 @@ TEST_F(EditorScreenTest, NoKeyBreaksTheEditor)
         "U Y|X Y Enter|X Y Down Enter|P Y|D Y|A-BackSpace Y Enter|A-BackSpace Y Up Enter|"
         "S-F8 Y \"AC*-\" BackSpace Delete Right Escape N N|S-F8 Y End \"GGG\" Escape N N|"
         "F4 Down Enter|F6 Enter|F6 Up Enter|F6 Escape N N|T Down Enter|T Escape N N|B|"
-        "S-F9 N Enter \"ACGT*\" Enter|S-F12|F5|O Enter F2|R Y|L Y|F2 Y Escape N N|F12 Y|Escape N N|"
+        "S-F9 N Enter \"ACGT*\" Enter|S-F12|F5|O Enter F2|O Down Enter ( C-Right ) Down Enter|O Down*2 Enter "
+        "( End ) Enter Enter|O Down Enter ( Up ) Down*2 Enter|R Y|L Y|F2 Y Escape N N|F12 Y|Escape N N|"
         "F2 Enter Home F2 F3 Escape N N|F3 Y F2 F3 Escape N N|S-F1 N N|F1 Escape|A-KPPlus|A-KPMinus";
     const test::Geometry sizes[] = {{20, 20}, {20, 29}, {20, 31}, {21, 37}, {34, 80}, {200, 200}};
     for (unsigned round = 0; round < 24; round++) {

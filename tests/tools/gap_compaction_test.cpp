@@ -1,0 +1,128 @@
+// Compacting a region of an alignment, by call and by keys.
+#include "editor/editor_test.h"
+#include "support/golden.h"
+#include "support/plain_reference.h"
+#include "tools/gap_compaction.h"
+
+#include <random>
+
+using namespace kq;
+using test::EditorTest;
+using test::Ending;
+
+namespace {
+
+class GapCompactionTest : public EditorTest {
+public:
+    // What a row has to become, its text being longer or shorter than the alignment.
+    static std::string expected(std::string text, Direction direction)
+    {
+        if (std::ssize(text) < nb_nuc_tot) text.resize(static_cast<std::size_t>(nb_nuc_tot), ' ');
+        const auto first = static_cast<std::size_t>(pos_deb),
+                   count = static_cast<std::size_t>(pos_fin - pos_deb + 1);
+        auto region = text.substr(first, count);
+        if (direction == Direction::right) std::ranges::reverse(region);
+        region = plain::compacted(region);
+        if (direction == Direction::right) std::ranges::reverse(region);
+        return text.replace(first, count, region);
+    }
+};
+
+} // namespace
+
+TEST(Compaction, PushesResiduesToOneEnd)
+{
+    const struct {
+        std::string region, left, right;
+    } cases[] = {
+        {"A*C-G T***", "ACGT******", "******ACGT"},
+        {" *-", "***", "***"},
+        {"?X$n", "?X$n", "?X$n"},
+    };
+    for (const auto& c : cases) {
+        std::string left = c.region, right = c.region;
+        compact(left, Direction::left);
+        compact(right, Direction::right);
+        EXPECT_EQ(left, c.left);
+        EXPECT_EQ(right, c.right);
+    }
+}
+
+// Random rows and regions; rows 2 and 3 are longer and shorter than the alignment, row 4 is deleted.
+TEST_F(GapCompactionTest, ChangesTheSetAndNothingElse)
+{
+    const std::vector<int> chosen[] = {{7, 3}, {0, 1, 2, 3, 4, 5, 6, 7, 9}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    for (unsigned round = 0; round < 60; round++) {
+        std::mt19937 random(round);
+        const auto columns = 1 + random() % 60;
+        std::vector<std::string> rows(10, std::string(columns, 'A'));
+        for (auto& row : rows)
+            for (auto c = row.begin() + 1; c != row.end(); ++c)
+                *c = "ACG*- ?"[random() % 7];
+        load(rows, {{0, 1, 2, 3, 4, 5, 6, 7}, {7, 3}, {9}});
+        replace_text(2, rows[2] += "*-A");
+        replace_text(3, rows[3] = rows[3].substr(0, 1 + random() % columns));
+        set_destroyed(4, true);
+        set_collapsed(1, true);
+        opt_consensus = 1 + static_cast<int>(random() % 2);
+        compute_ligne_consensus();
+        compute_consensus(1);
+        enter();
+        pos_deb = static_cast<int>(random() % columns);
+        pos_fin = pos_deb + static_cast<int>(random() % (columns - static_cast<unsigned>(pos_deb)));
+
+        const auto direction = random() % 2 ? Direction::left : Direction::right;
+        const auto set = round % 3;
+        for (const int species : chosen[set])
+            rows[static_cast<std::size_t>(species)] =
+                expected(rows[static_cast<std::size_t>(species)], direction);
+        do_compaction(direction, static_cast<SpeciesSet>(set), 1);
+        ASSERT_EQ(sequences(), rows) << round;
+        ASSERT_EQ(columns_error() + store_error(), "") << round;
+        ASSERT_TRUE(changed());
+    }
+    pos_deb = 0;
+    compact_seq(Direction::left, 9);
+    EXPECT_EQ(columns_error(), "");
+}
+
+TEST_F(GapCompactionTest, IsReachedByKeys)
+{
+    const std::string left = "O Down Enter ", right = "O Down*2 Enter ";
+    const struct {
+        std::string keys;
+        std::vector<std::string> rows;
+        int mode;
+    } cases[] = {
+        {left + "Right ( Right*2 ) Enter Enter", {"AC**T", "AC*GT", "A*G*T"}, 0},
+        {left + "Right ( Right*2 ) Enter Down Enter", {"A*C*T", "AC*GT", "AG**T"}, 0},
+        {right + "Right ( Right*2 ) Down Enter", {"A**CT", "AC*GT", "A**GT"}, 0},
+        {left + "Right*3 ( Left*2 ) Down*2 Enter", {"AC**T", "ACG*T", "AG**T"}, 0},
+        {left + "Right ( Right*2 ) Escape", {"A*C*T", "AC*GT", "A*G*T"}, 0},
+        {left + "Right ( Right*2 ) Enter Escape", {"A*C*T", "AC*GT", "A*G*T"}, 0},
+        {left + "Right ( Escape", {"A*C*T", "AC*GT", "A*G*T"}, 0},
+        {left + "Right (", {"A*C*T", "AC*GT", "A*G*T"}, 2},
+    };
+    for (const auto& c : cases) {
+        load({"A*C*T", "AC*GT", "A*G*T"}, {{0}, {2}});
+        opt_nogap = 1;
+        EXPECT_EQ(edit(c.keys).ending, Ending::script_ended) << c.keys;
+        EXPECT_EQ(sequences(), c.rows) << c.keys;
+        EXPECT_EQ(kq_mode, c.mode) << c.keys;
+        EXPECT_EQ(view_error() + store_error() + columns_error(), "") << c.keys;
+    }
+}
+
+TEST_F(GapCompactionTest, HidesTheColumnsThatItEmpties)
+{
+    open({.lines = 34, .columns = 80});
+    load({"AC*GTACG*T", "A*C*TA*GGT"});
+    opt_consensus = 1;
+    edit("End O Down Enter ( Home ) Down*2");
+    EXPECT_SCREEN("compaction_sets");
+    edit("End O Down Enter ( Home ) Down*2 Enter");
+    EXPECT_EQ(sequence(0), "ACGTACGT**");
+    EXPECT_EQ(nb_nuc, 8);
+    EXPECT_EQ(cursor_position(), 0);
+    EXPECT_EQ(view_error() + columns_error(), "");
+}
