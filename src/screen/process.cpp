@@ -32,6 +32,12 @@ int read_again(int fd, void* into, std::size_t size)
     return static_cast<int>(count);
 }
 
+// In the child: says through the pipe why there is no program.
+void tell(int report, int reason)
+{
+    [[maybe_unused]] const ssize_t written = write(report, &reason, sizeof reason);
+}
+
 // The handlers of this program would reach its window from the child, which shares it until the exec. What is
 // ignored from outside stays ignored; SIGXFSZ is ignored by this program only.
 void reset_signals()
@@ -57,8 +63,7 @@ void reset_signals()
     }
     close_the_rest_on_exec();
     execvp(arguments[0], arguments);
-    const int reason = errno;
-    [[maybe_unused]] const ssize_t written = write(report, &reason, sizeof reason);
+    tell(report, errno);
     _exit(127);
 }
 
@@ -105,9 +110,7 @@ bool start_in_background(std::span<const std::string> argument_vector)
         setsid();
         const pid_t program = fork();
         if (program == 0) become(arguments.data(), report[1]);
-        const int refused = program < 0 ? errno : 0;
-        if (refused) [[maybe_unused]]
-            const ssize_t written = write(report[1], &refused, sizeof refused);
+        if (program < 0) tell(report[1], errno);
         _exit(0);
     }
     sigprocmask(SIG_SETMASK, &before, nullptr);

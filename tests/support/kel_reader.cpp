@@ -1,86 +1,48 @@
 #include "support/kel_reader.h"
 
-#include <fstream>
+#include "support/ali_folder.h"
+
 #include <sstream>
 
 namespace kq::test {
 
-namespace {
-
-// The lines of a file; the last one has to end with a line feed.
-std::vector<std::string> lines_of(const std::string& path, std::string& error)
+DerivedFile read_kel(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) error = "no file";
-    std::stringstream text;
-    text << file.rdbuf();
-    const std::string all = text.str();
-    if (all.empty() || all.back() != '\n') error = "no line feed at the end";
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(text, line);)
-        lines.push_back(line);
-    return lines;
-}
-
-} // namespace
-
-KelFile read_kel(const std::string& path)
-{
-    KelFile kel;
-    auto lines = lines_of(path, kel.error);
-    std::size_t next = 0;
-    while (next < lines.size() && lines[next].starts_with('#'))
-        kel.comments.push_back(lines[next++]);
+    std::istringstream text(read_bytes(path));
+    DerivedFile kel;
+    std::string line;
+    for (int i = 0; i < 3; i++)
+        if (!std::getline(text, line) || line[0] != '#') kel.error = "a comment is missing";
     std::size_t rows = 0, columns = 0;
-    if (next == lines.size() || !(std::istringstream(lines[next++]) >> kel.type >> rows >> columns)) {
-        kel.error = "no line of sizes";
-        return kel;
-    }
-    if (lines.size() != next + 2 * rows + 1) {
-        kel.error = "another number of lines";
-        return kel;
-    }
-    for (std::size_t i = 0; i < rows; i++)
-        kel.names.push_back(lines[next++]);
-    std::istringstream positions(lines[next++]);
-    for (int position; positions >> position;)
+    std::getline(text, line);
+    if (!(std::istringstream(line) >> kel.type >> rows >> columns)) kel.error = "no sizes";
+    while (kel.names.size() < rows && std::getline(text, line))
+        kel.names.push_back(line);
+    std::getline(text, line);
+    std::istringstream numbers(line);
+    for (int position; numbers >> position;)
         kel.positions.push_back(position);
-    if (kel.positions.size() != columns) kel.error = "another number of positions";
-    for (std::size_t i = 0; i < rows; i++) {
-        std::string line = lines[next++];
-        if (line.size() != columns + 1 || line.back() != ':') kel.error = "row " + std::to_string(i);
-        line.resize(columns);
-        kel.sequences.push_back(line);
+    while (std::getline(text, line)) {
+        if (line.size() != columns + 1 || line.back() != ':') kel.error = "not a row: " + line;
+        kel.sequences.push_back(line.substr(0, columns));
     }
+    if (kel.positions.size() != columns || kel.sequences.size() != rows) kel.error = "other sizes";
     return kel;
 }
 
-ReducedAli read_reduced_ali(const std::string& path)
+DerivedFile read_reduced_ali(const std::string& path)
 {
-    ReducedAli ali;
-    for (const std::string& line : lines_of(path, ali.error)) {
-        if (ali.names.empty() && line.starts_with('#'))
-            ali.comments.push_back(line.substr(1));
-        else if (ali.names.size() == ali.sequences.size() && line.starts_with('>'))
-            ali.names.push_back(line.substr(1));
-        else if (ali.names.size() == ali.sequences.size() + 1)
-            ali.sequences.push_back(line);
-        else
-            ali.error = "a line out of place: " + line;
+    std::istringstream text(read_bytes(path));
+    DerivedFile ali;
+    std::string name, row;
+    for (int i = 0; i < 2; i++)
+        if (!std::getline(text, name) || name[0] != '#') ali.error = "a header line is missing";
+    while (std::getline(text, name)) {
+        if (name[0] != '>' || !std::getline(text, row)) ali.error = "not a species: " + name;
+        ali.names.push_back(name.substr(1));
+        ali.sequences.push_back(row);
     }
-    if (ali.names.size() != ali.sequences.size()) ali.error = "a name without a sequence";
     return ali;
-}
-
-std::vector<std::pair<std::string, std::string>> read_nom_list(const std::string& path)
-{
-    std::string error;
-    std::vector<std::pair<std::string, std::string>> pairs;
-    for (const std::string& line : lines_of(path, error)) {
-        const std::size_t comma = line.find(" , ");
-        pairs.emplace_back(line.substr(0, comma), comma == std::string::npos ? "" : line.substr(comma + 3));
-    }
-    return pairs;
 }
 
 } // namespace kq::test
