@@ -9,7 +9,7 @@
 #include "taxonomy/tree_walk.h"
 
 #include <algorithm>
-#include <ranges>
+#include <numeric>
 #include <string>
 #include <utility>
 
@@ -130,14 +130,15 @@ GroupMoves::GroupMoves(int group_shown)
     , shown_(group_shown)
     , left_(static_cast<std::size_t>(nb_spec), false)
 {
-    const auto index_of = [](const auto& species, auto text_of) {
+    const auto index_of = [](std::span<const int> species, auto text_of) {
         auto index = std::make_unique<Index>();
         for (const int s : species)
             if (can_have_group(s)) index->add(text_of(s), s);
         index->sort();
         return index;
     };
-    const auto all = std::views::iota(0, nb_spec);
+    std::vector<int> all(static_cast<std::size_t>(nb_spec));
+    std::iota(all.begin(), all.end(), 0);
     if (group_shown == no_list) {
         same_key_ = index_of(all, [](int s) { return nom_key(identifier(s)); });
         return;
@@ -174,18 +175,18 @@ void GroupMoves::move(int species, int group)
 
 void GroupMoves::undo()
 {
-    for (const Before& before : std::views::reverse(done_))
-        move_species_to_group(before.species, before.family, before.group);
+    for (auto before = done_.rbegin(); before != done_.rend(); ++before)
+        move_species_to_group(before->species, before->family, before->group);
     done_.clear();
     left_.assign(left_.size(), false);
 }
 
 void GroupMoves::update_list()
 {
-    const auto list = std::span(cor).first(static_cast<std::size_t>(nb_spec_gro));
-    const auto gone =
-        std::ranges::remove_if(list, [this](int s) { return left_[static_cast<std::size_t>(s)]; });
-    nb_spec_gro -= static_cast<int>(gone.size());
+    const auto last = cor.begin() + nb_spec_gro;
+    const auto kept =
+        std::remove_if(cor.begin(), last, [this](int s) { return left_[static_cast<std::size_t>(s)]; });
+    nb_spec_gro = static_cast<int>(kept - cor.begin());
 }
 
 } // namespace kq

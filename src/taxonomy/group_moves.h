@@ -1,9 +1,9 @@
 // model: moving species to another group: which ones go along, and the list that is on the screen.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>

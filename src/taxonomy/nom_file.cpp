@@ -48,7 +48,8 @@ public:
             lines_.push_back({before.substr(0, before.size() - text.size()), {}});
             own_.try_emplace(std::string(name), &lines_.back().replacement);
             std::string fold = folded(name);
-            highest_.push_back(highest_.empty() ? std::move(fold) : std::max(highest_.back(), fold));
+            if (!highest_.empty() && fold < highest_.back()) fold = highest_.back();
+            highest_.push_back(std::move(fold));
         }
     }
     void set(const GroupLine& change)

@@ -137,20 +137,6 @@ TEST_F(Assignment, WhatCannotBeWrittenIsNotMoved)
     EXPECT_EQ(nb_spec_gro, 2);
 }
 
-TEST_F(Assignment, AClassificationIsReported)
-{
-    load_groups({"Ant alpha@1"}, "Ant alpha,A\n");
-    list({0});
-    play("", [] { change_groupe(0, no_list, MoveHow::reported, "[SYS] Low; b; X."); });
-    EXPECT_EQ(line_of("Ant alpha@1 is now in the group B"), 11);
-    EXPECT_EQ(group_of(0), "B") << "the last word that names a group";
-    play("", [] { change_groupe(0, no_list, MoveHow::reported, "[SYS] X; Y."); });
-    EXPECT_EQ(line_of("There is no corresponding name of group in the frame"), 11);
-    EXPECT_EQ(change(0, no_list, "", MoveHow::silent, "C"), -1) << "the first word is none";
-    EXPECT_EQ(change(0, no_list, "", MoveHow::silent, "[SYS] C;D"), 0);
-    EXPECT_EQ(group_of(0), "C");
-}
-
 TEST_F(Assignment, TheInformationFileLeadsToTheGroup)
 {
     load_groups({"Ant alpha@A1", "Bee beta@A2", "Cat gamma@A3", "Dog delta"},
@@ -162,11 +148,14 @@ TEST_F(Assignment, TheInformationFileLeadsToTheGroup)
     EXPECT_EQ(line_of("It is impossible to automatically affect this species to a group"), 11);
     write_file("seq/five.inf", "[ACC] A1\r\n[SYS] Root; High;\r\nB.\r\n\r\n[ACC] A2\n[SYS] Nothing here\n\n"
                                "[ACC] A3\nfrom [SYS] C; D\n");
-    EXPECT_EQ(change_auto(0, a, "Q"), auto_done);
-    EXPECT_EQ(group_of(0), "B");
+    play("", [a] { change_groupe_auto(0, a, AutoMode::interactive); });
+    EXPECT_EQ(line_of("Ant alpha@A1 is now in the group B"), 11);
+    EXPECT_EQ(group_of(0), "B") << "the last word that names a group";
+    list_species_of_group(a);
     EXPECT_EQ(working_names(), (Names{"Bee beta@A2", "Dog delta"}));
     EXPECT_EQ(change_auto(0, a, ""), auto_done) << "no longer there";
-    EXPECT_EQ(change_auto(1, a, "Q"), auto_failed);
+    play("", [a] { change_groupe_auto(1, a, AutoMode::interactive); });
+    EXPECT_EQ(line_of("There is no corresponding name of group in the frame"), 11);
     EXPECT_EQ(change_auto(3, a, "Q"), auto_failed) << "no accession";
     const int e = find_group("E");
     list({2});
@@ -262,6 +251,22 @@ TEST_F(Assignment, ABatchIsAsManySingleMoves)
         ASSERT_EQ(files[1], files[0]);
     }
     EXPECT_GT(moved, 60);
+}
+
+TEST_F(Assignment, RealSpeciesFindTheirGroups)
+{
+    load(ssu_small);
+    file_ALI = "ssu_small.ali";
+    write_file("seq/ssu_small.inf", read_bytes(KQ_SOURCE_DIRECTORY "/demo/ZOLT/seq/ssu_small.inf"));
+    list_species_of_group(cupboard());
+    EXPECT_EQ(working_names().size(), 2U);
+    const std::vector<int> unassigned(working_list().begin(), working_list().end());
+    EXPECT_EQ(change_groupe_auto_list(cupboard()), 2);
+    EXPECT_EQ(nb_spec_gro, 0);
+    EXPECT_EQ(group_of(unassigned[0]) + " " + group_of(unassigned[1]), "Cyanobacteria Deferribacteres");
+    const auto groups_now = no_groupe;
+    read_file_NOM();
+    EXPECT_EQ(no_groupe, groups_now);
 }
 
 // Moves from the editor leave in memory what the file will give back.

@@ -155,16 +155,6 @@ TEST_F(GroupList, KeysOfTheKeypadGiveColours)
     EXPECT_EQ(color_of("Fusobacteria"), 7);
 }
 
-TEST_F(GroupList, AColourFileThatCannotBeWrittenKeepsTheScreen)
-{
-    load_five_leaves();
-    const std::string directory = path("zolt/data"), away = path("zolt/away");
-    std::filesystem::rename(directory, away);
-    EXPECT_EQ(play("0 F5 Q", [] { change_color_all_groupe(); }).ending, Ending::script_ended);
-    EXPECT_TRUE(shows("F5:Save"));
-    std::filesystem::rename(away, directory);
-}
-
 TEST_F(GroupList, LeavesAreColouredOnTheTree)
 {
     load_five_leaves();
@@ -185,8 +175,4 @@ TEST_F(GroupList, LeavesAreColouredOnTheTree)
     write_file("zolt/data/five.col", "3,A\nnonsense\n");
     play_tree("Up*2 S-F11 1 Escape Q");
     EXPECT_EQ(col_text(), "5,E\n7,D\n14,C\n15,B\n5,A\n");
-    open({.lines = 20, .columns = 20});
-    play_tree("Up*2 S-F11 3 Down Down Up \"*\" Up*9 7");
-    EXPECT_EQ(frame_error(), "");
-    open({});
 }
