@@ -1,9 +1,10 @@
 // screen: the editor's commands on whole ensembles.
 #include "editor/ensemble_commands.h"
 
+#include "core/columns.h"
 #include "core/consensus.h"
 #include "core/edit.h"
-#include "core/residues.h"
+#include "core/options.h"
 #include "core/store.h"
 #include "editor/ensemble_display.h"
 #include "editor/navigation.h"
@@ -132,21 +133,11 @@ void show_from_the_first_row()
     nb_spec_affich = count_display_rows();
     prem_ens = prem_spec = 0;
     compute_ligne_consensus();
+    recompute_hidden(opt_nogap != 0, 0);
+    const bool all_hidden = nb_nuc == 0; // init_param would end the program
+    if (all_hidden) opt_nogap = 1;
     init_param();
-}
-
-bool has_residues(int species)
-{
-    const auto text = row(species);
-    const auto shown = text.first(std::min(text.size(), static_cast<std::size_t>(nb_nuc_tot)));
-    return !std::ranges::all_of(shown, is_gap_class);
-}
-
-bool others_have_residues(int ensemble)
-{
-    for (int e = 0; e < nb_ens; e++)
-        if (e != ensemble && std::ranges::any_of(members(e), has_residues)) return true;
-    return false;
+    if (all_hidden) warn("There are no residues in the ensembles: gap columns are shown");
 }
 
 } // namespace
@@ -174,10 +165,6 @@ int detruire_ensemble()
     if (nb_ens == 1) return escaped;
     const int e = choice_ensemble("Choose the ensemble you want to discard:");
     if (e == escaped) return escaped;
-    if (!others_have_residues(e)) {
-        warn("There are no residues in the other ensembles");
-        return escaped;
-    }
     remove_ensemble(e);
     show_from_the_first_row();
     return ok;

@@ -18,9 +18,8 @@ inline constexpr int rebuild_failed = -2; // the user has left for another align
 // Asks for an ensemble and builds it anew on the tree screen; `escaped`, rebuild_failed, or 0.
 int modif_ensemble();
 
-// Asks for an ensemble and takes it out; `escaped` when nothing was done, or 0. The last ensemble that has
-// residues stays, for without any no column would be left to show. Deliberate: consensus strings stay with
-// their numbers (core/consensus.h).
+// Asks for an ensemble and takes it out; `escaped` when nothing was done, or 0. Deliberate: consensus strings
+// stay with their numbers (core/consensus.h).
 int detruire_ensemble();
 
 // Sorts the species of an ensemble by identifier, in byte order; equal identifiers keep their order.
