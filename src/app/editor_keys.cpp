@@ -3,6 +3,7 @@
 #include "core/consensus.h"
 #include "editor/actions.h"
 #include "editor/add_sequence.h"
+#include "editor/align_all.h"
 #include "editor/editing.h"
 #include "editor/editor.h"
 #include "editor/ensemble_commands.h"

@@ -56,12 +56,6 @@ void apply_best_hit(int shift)
     deplace_site_droite(d - (hidden_after - hidden_before));
 }
 
-bool hit_is_clear()
-{
-    constexpr int near = 10, lead = 4;
-    return distance_to(0) < near || sim[1] + lead < sim[0];
-}
-
 // ---- the box of hits --------------------------------------------------------------------------------------
 
 constexpr int hits_left = 30, hits_right = 85;
@@ -123,7 +117,7 @@ void calcul_similitude(std::string_view row, int mode, int shift, int window, st
     if (mode == rank_only) return;
     if (mode == apply_clear_hit) {
         if (distance_to(0) <= 0) return;
-        if (hit_is_clear()) {
+        if (hit_is_clear(distance_to(0), sim[0], sim[1])) {
             apply_best_hit(shift);
             return;
         }
@@ -315,15 +309,6 @@ Redraw seek_in_top_row(int residues, int mode, int shift, int window)
 Redraw align_once_key()
 {
     aligne_proche();
-    return redraw_all_rows;
-}
-
-Redraw align_all_key()
-{
-    // Where nothing but hidden columns follows, the cursor may also come back.
-    int position = cursor_position();
-    while (aligne_proche() == ok && cursor_position() > position)
-        position = cursor_position();
     return redraw_all_rows;
 }
 

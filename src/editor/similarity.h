@@ -46,8 +46,7 @@ int simil_tous(int from_fragment, int species, int scope);
 
 // Seeks the residues under the cursor, at most `residues` of them, in the top row.
 Redraw seek_in_top_row(int residues, int mode, int shift, int window);
-Redraw align_once_key();
-Redraw align_all_key();   // aligne_proche until it has nothing left to do
+Redraw align_once_key();  // for key A see editor/align_all.h
 Redraw gere_similitude(); // the menu of searches
 
 } // namespace kq

@@ -73,7 +73,7 @@ void search_row(std::string_view row, int window, int column)
         starts = {.first = column - window,
                   .last = std::min(column + window, lenseq_tot - static_cast<int>(pattern().size()))};
     std::array<SimilarityHit, max_hits> ranking;
-    rank_positions(row, pattern(), starts, std::span(ranking).first(static_cast<std::size_t>(tophits)));
+    SearchedRow(row).rank(pattern(), starts, std::span(ranking).first(static_cast<std::size_t>(tophits)));
     for (std::size_t i = 0; i < ranking.size(); i++) {
         sim[i] = ranking[i].score;
         posi[i] = ranking[i].position + 1;

@@ -74,11 +74,12 @@ void ResultTableView::draw_line(int line, const TableLine& cells) const
 // Over the lower frame, so that it costs no line.
 void ResultTableView::draw_scroll_note() const
 {
+    const bool beside_field = table_.lines_kept_free > 0;
     std::string note;
     if (last_first_ > 0)
-        note += text_format(" %d-%d of %d (Up, Down, PgUp, PgDn) ", first_ + 1, first_ + rows_,
-                            count(table_.lines));
-    if (last_offset_ > 0) note += " (Left, Right) ";
+        note = text_format(" %d-%d of %d (%s) ", first_ + 1, first_ + rows_, count(table_.lines),
+                           beside_field ? "Up, Down" : "Up, Down, PgUp, PgDn");
+    if (last_offset_ > 0 && !beside_field) note += " (Left, Right) ";
     if (!note.empty()) outtext_inside(box_.l2 - box_.l1 + 1, 3, color::light_cyan, note);
 }
 

@@ -19,7 +19,8 @@ struct ResultTable {
     int first_line, first_column, last_column; // where the box stands; it is as high as its contents
     int frame_color;
     std::vector<TableLine> headings, lines, legend = {};
-    int lines_kept_free = 0; // at the bottom of the screen, for a box that stays beside the table
+    // At the bottom of the screen, for a field beside the table that takes all keys but Up and Down.
+    int lines_kept_free = 0;
 };
 
 class ResultTableView {

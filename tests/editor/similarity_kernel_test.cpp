@@ -60,7 +60,7 @@ TEST(SimilarityKernel, RanksAsThePlainSearchDoes)
         best_positions(rows, pattern, starts, best);
         for (std::size_t r = 0; r < rows.size(); r++) {
             std::vector<SimilarityHit> ranking(random() % 42, {.score = 99, .position = 99});
-            rank_positions(rows[r], pattern, starts, ranking);
+            SearchedRow(rows[r]).rank(pattern, starts, ranking);
             const auto expected = plain::similar_positions(rows[r], pattern, starts.first, starts.last,
                                                            static_cast<int>(ranking.size()));
             for (std::size_t i = 0; i < ranking.size(); i++) {
