@@ -151,8 +151,8 @@ std::string write_output(const Output& output)
     const ColumnSubset columns = shown_columns();
     if (columns.count() == 0) return std::string(no_columns);
     const std::string& directory = output.kel ? working_directory : dir_SEQ;
-    if (auto problem = cannot_write(directory, room_for(number_of_members(), columns)); !problem.empty())
-        return problem;
+    const auto count = output.consensus ? static_cast<std::size_t>(nb_ens) : number_of_members();
+    if (auto problem = cannot_write(directory, room_for(count, columns)); !problem.empty()) return problem;
 
     NewFile file(directory + file_KEL);
     if (!file.error().empty()) return file.error(); // before the display changes
