@@ -25,8 +25,8 @@ namespace {
 
 using Marks = std::vector<unsigned char>;
 
-// The columns from the cursor on in which any of the species holds a residue. Those in question are listed;
-// as most of them are soon found, few species are asked about many columns.
+// Marks those of the columns in which any of the species holds a residue. Most are soon found, so that few
+// species are asked about many columns.
 void mark_occupied(std::span<const int> species, std::vector<int> columns, Marks& marks)
 {
     for (const int s : species) {
@@ -55,7 +55,7 @@ void mark_columns(std::span<const int> aligned, std::span<const int> others, Ali
         if (rows.occupied_by_own[c])
             own.push_back(p);
         else
-            rows.occupied_by_others[c] = 1; // by whom else is it shown?
+            rows.occupied_by_others[c] = 1; // or it would be hidden
     }
     mark_occupied(others, std::move(own), rows.occupied_by_others);
 }

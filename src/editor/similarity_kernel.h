@@ -40,7 +40,7 @@ std::string residues_from(std::string_view row, int position, int most);
 void rank_hit(std::span<SimilarityHit> ranking, const SimilarityHit& hit);
 
 // A row made ready for searches: its residues without the gaps, so that the characters that a pattern meets
-// from one start on are neighbours.
+// from one start on are neighbours. The row's text has to stay where it is.
 class SearchedRow {
 public:
     SearchedRow() = default;
