@@ -1,10 +1,8 @@
 // A curator's day on the demo, key by key, through the whole program: groups, colours, ensembles, fragments,
 // lists and the files for other programs, each read by a reader that does not know the program.
-#include "app/program.h"
-#include "core/chooser.h"
+#include "app/program_test.h"
 #include "core/store.h"
 #include "support/kel_reader.h"
-#include "support/screen_test.h"
 
 #include <gtest/gtest.h>
 
@@ -16,30 +14,19 @@
 
 namespace fs = std::filesystem;
 using kq::test::Ending;
-using kq::test::ScreenTest;
 
 namespace {
 
-class Curation : public ScreenTest {
+class Curation : public kq::test::ProgramTest {
 protected:
     void SetUp() override
     {
-        fs::copy(KQ_SOURCE_DIRECTORY "/demo/ZOLT", root(), copy_over);
-        fs::copy(KQ_SOURCE_DIRECTORY "/demo/ZOLTEXE", root(), copy_over);
-        const std::string data = path("zolt/data/bacteria");
-        write_file("zolt/data/afas.ref", "BACTERIA\n" + data + ".nom\n" + data + ".col\n");
+        ProgramTest::SetUp();
+        remember("BACTERIA", "bacteria");
         fs::create_directory(path("work"));
         fs::current_path(path("work"));
-        kq::chooser_reset();
     }
     void TearDown() override { fs::current_path(before_); }
-
-    // The program from its file chooser on, until the script ends.
-    void run(const std::string& script)
-    {
-        kq::chooser_reset();
-        EXPECT_EQ(play(script, [] { kq::run_program(); }).ending, Ending::script_ended);
-    }
 
     std::string members(int ensemble) const
     {
@@ -50,7 +37,6 @@ protected:
     }
 
 private:
-    static constexpr auto copy_over = fs::copy_options::recursive | fs::copy_options::overwrite_existing;
     const fs::path before_ = fs::current_path();
 };
 
@@ -70,7 +56,7 @@ const std::string four_ensembles =
 TEST_F(Curation, SpeciesWithoutAGroupAreSortedAndAGroupGetsAColour)
 {
     const std::string groups = read_file("zolt/data/bacteria.nom");
-    run(open_small + "F6 S-F8 Enter F11 Down*2 \"9\" F5");
+    EXPECT_EQ(run(open_small + "F6 S-F8 Enter F11 Down*2 \"9\" F5"), Ending::script_ended);
     const std::string sorted = read_file("zolt/data/bacteria.nom");
     EXPECT_EQ(groups.find("Deferribacter thermophilus"), std::string::npos);
     EXPECT_NE(sorted.find("\nDeferribacter thermophilus , Deferribacteres\n"), std::string::npos);
@@ -78,18 +64,20 @@ TEST_F(Curation, SpeciesWithoutAGroupAreSortedAndAGroupGetsAColour)
     EXPECT_TRUE(read_file("zolt/data/bacteria.bak") == groups);
     EXPECT_NE(read_file("zolt/data/bacteria.col").find("10,B_Proteobacteria\n"), std::string::npos);
     // The next run finds both.
-    run(open_small + "F6");
+    EXPECT_EQ(run(open_small + "F6"), Ending::script_ended);
     EXPECT_TRUE(shows("There are no species in Cupboard"));
     EXPECT_EQ(color_of("B_Proteobacteria"), 10);
 }
 
 TEST_F(Curation, FourEnsemblesAreCollapsedAndWrittenForOtherPrograms)
 {
-    run(open_small + four_ensembles +
-        "F4 Down Enter F4 Down*2 Enter S-F5 Enter BackSpace*20 \"day\" Enter " + //
-        "S-F5 Down*4 Enter BackSpace*20 \"cons\" Enter " +                       //
-        "O Down*5 Enter Q O Down*4 Enter BackSpace*20 \"all\" Enter S-F5 Down Enter BackSpace*20 \"shown\" "
-        "Enter ");
+    EXPECT_EQ(run(open_small + four_ensembles +
+                  "F4 Down Enter F4 Down*2 Enter S-F5 Enter BackSpace*20 \"day\" Enter " + //
+                  "S-F5 Down*4 Enter BackSpace*20 \"cons\" Enter " +                       //
+                  "O Down*5 Enter Q O Down*4 Enter BackSpace*20 \"all\" Enter S-F5 Down Enter BackSpace*20 "
+                  "\"shown\" "
+                  "Enter "),
+              Ending::script_ended);
     ASSERT_EQ(kq::nb_ens, 4);
     std::size_t entries = 0;
     for (int e = 0; e < 4; e++)
@@ -121,7 +109,7 @@ TEST_F(Curation, FourEnsemblesAreCollapsedAndWrittenForOtherPrograms)
     EXPECT_EQ(lines, kq::nb_spec);
 
     // The reduced alignment is an alignment: it opens.
-    run("Down*3 Enter Enter Home F2 F3 Esc");
+    EXPECT_EQ(run("Down*3 Enter Enter Home F2 F3 Esc"), Ending::script_ended);
     EXPECT_EQ(kq::file_ALI, "shown.ali");
     EXPECT_EQ(kq::nb_spec, 57);
 }
@@ -130,7 +118,7 @@ TEST_F(Curation, FragmentsAreFusedIntoTheWholeSequence)
 {
     // The first fragment of Bacillus halodurans takes in its second and third, which then go.
     const auto fuse = "O Enter Down*8 F2 Down Home R F12 R F12 Esc F5 ";
-    run(open_fragments + "Home F2 F3 " + clear_name + "Enter " + fuse);
+    EXPECT_EQ(run(open_fragments + "Home F2 F3 " + clear_name + "Enter " + fuse), Ending::script_ended);
     const auto saved = kq::test::read_reduced_ali(path("seq/ssu_frag.ali"));
     ASSERT_EQ(saved.error, "");
     ASSERT_EQ(saved.names.size(), 21U);
@@ -145,15 +133,16 @@ TEST_F(Curation, FragmentsAreFusedIntoTheWholeSequence)
 TEST_F(Curation, AFragmentFindsItsRelativesAndTheyAreArchivedForAnotherAlignment)
 {
     // The tree's species screen on the fragments' group; the first is Bacillus halodurans itself.
-    run(open_fragments +
-        "Home F9 \"Bacillus halo\" Enter F5 BackSpace \"300\" Enter BackSpace \"4\" Enter Esc " +
-        "F7 \"relatives\" Enter \"Me\" Enter \"Like Bacillus\" Enter ");
+    EXPECT_EQ(run(open_fragments +
+                  "Home F9 \"Bacillus halo\" Enter F5 BackSpace \"300\" Enter BackSpace \"4\" Enter Esc " +
+                  "F7 \"relatives\" Enter \"Me\" Enter \"Like Bacillus\" Enter "),
+              Ending::script_ended);
     const std::string archived = read_file("zolt/data/relatives.lis");
     EXPECT_NE(archived.find("#Like Bacillus\n5\n"), std::string::npos) << archived;
     EXPECT_TRUE(archived.ends_with("\nBacillus halodurans@AB013373\n")) << archived;
 
     // Without the part from "@" the list finds the same species, not their fragments, elsewhere.
-    run(open_small + "F8 End Down*9 Enter F3 Q*9 F3 Esc");
+    EXPECT_EQ(run(open_small + "F8 End Down*9 Enter F3 Q*9 F3 Esc"), Ending::script_ended);
     EXPECT_EQ(kq::file_ALI, "ssu_small.ali");
     EXPECT_NE(members(0).find("Bacillus halodurans@AB013373\n"), std::string::npos) << members(0);
 }

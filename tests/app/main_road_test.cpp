@@ -1,9 +1,7 @@
 // A curator's morning, key by key, through the whole program on the demo.
-#include "app/program.h"
-#include "core/chooser.h"
+#include "app/program_test.h"
 #include "core/options.h"
 #include "core/store.h"
-#include "support/screen_test.h"
 #include "taxonomy/frame.h"
 
 #include <gtest/gtest.h>
@@ -13,31 +11,15 @@
 
 namespace fs = std::filesystem;
 using kq::test::Ending;
-using kq::test::ScreenTest;
 
 namespace {
 
-class MainRoad : public ScreenTest {
+class MainRoad : public kq::test::ProgramTest {
 protected:
     void SetUp() override
     {
-        fs::copy(KQ_SOURCE_DIRECTORY "/demo/ZOLT", root(), copy_over);
-        fs::copy(KQ_SOURCE_DIRECTORY "/demo/ZOLTEXE", root(), copy_over);
+        ProgramTest::SetUp();
         remember("DEMO", "demo");
-        kq::chooser_reset();
-    }
-
-    // The memory file, so that nothing is asked at the start.
-    void remember(const std::string& frame, const std::string& files) const
-    {
-        const std::string data = path("zolt/data/");
-        write_file("zolt/data/afas.ref", frame + '\n' + data + files + ".nom\n" + data + files + ".col\n");
-    }
-
-    Ending run(std::string_view script)
-    {
-        played_ = play(script, [] { kq::run_program(); });
-        return played_.ending;
     }
 
     // Line `number` (from 0) of a file.
@@ -49,11 +31,6 @@ protected:
             std::getline(text, found);
         return found;
     }
-
-    kq::test::Played played_;
-
-private:
-    static constexpr auto copy_over = fs::copy_options::recursive | fs::copy_options::overwrite_existing;
 };
 
 // The alignments of the demo, as the chooser lists them.
@@ -127,7 +104,6 @@ TEST_F(MainRoad, SequencesAreShortenedDestroyedAndAddedAndTheNextAlignmentOpens)
     EXPECT_EQ(saved.find('\n' + name + '\n'), std::string::npos) << name << " is still in the alignment";
     EXPECT_NE(backup.find('\n' + name + '\n'), std::string::npos);
 
-    kq::chooser_reset();
     EXPECT_EQ(run(keys({open_ovomucoid, select_all_unnamed, "S-F1 \"Y\" Down Enter Enter ", // proteases
                         select_all_unnamed})),
               Ending::script_ended);
@@ -142,7 +118,6 @@ TEST_F(MainRoad, ASecondEnsembleIsCountedInTheConsensusLineAtOnce)
     remember("BIRDS", "demo");
     constexpr std::string_view one_leaf = "Home Up F2 F3 Esc ";
     const auto consensus_line = [&](std::string_view script) {
-        kq::chooser_reset();
         EXPECT_EQ(run(keys({open_ovomucoid, one_leaf, script})), Ending::script_ended);
         return line(33).substr(29);
     };
@@ -164,7 +139,6 @@ TEST_F(MainRoad, EveryAlignmentOfTheDemoHasItsSpeciesOnTheTree)
         {"Down*3 Enter Enter ", 23, 0}, {"Down*4 Enter Enter ", 60, 3},
     };
     for (const auto& c : cases) {
-        kq::chooser_reset();
         EXPECT_EQ(run(keys({c.open, select_all_unnamed})), Ending::script_ended);
         EXPECT_EQ(kq::nb_spec, c.species) << c.open;
         EXPECT_EQ(kq::nb_spec_ens[0], c.species - c.left_out) << c.open;
