@@ -49,11 +49,18 @@ int window_width()
     return y2_win - y1_win + 1;
 }
 
+// The keys of a page; only their names where a narrow window has no room for more.
 std::string_view legend(int page)
 {
+    struct Legend {
+        std::string_view whole, names;
+    };
+    static constexpr Legend legends[2][2] = {
+        {{"ESCAPE:Cancel   F7:Previous  F8:Next", "ESC F7 F8"}, {"ESCAPE:Cancel   F7:Previous", "ESC F7"}},
+        {{"ESCAPE:Cancel   F8:Next", "ESC F8"}, {"ESCAPE:Cancel", "ESC"}}};
     const bool first = page == 0, last = page == nb_page_aide - 1;
-    if (first) return last ? "ESCAPE:Cancel" : "ESCAPE:Cancel   F8:Next";
-    return last ? "ESCAPE:Cancel   F7:Previous" : "ESCAPE:Cancel   F7:Previous  F8:Next";
+    const auto& [whole, names] = legends[first][last];
+    return static_cast<int>(whole.size()) <= window_width() ? whole : names;
 }
 
 } // namespace

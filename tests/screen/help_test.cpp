@@ -75,6 +75,8 @@ TEST_F(Help, LongLinesAndEmptyFiles)
     open({.lines = 20, .columns = 20});
     write_lines(100);
     EXPECT_EQ(play("F8*9 Escape", [] { _aide("KQ0", 18, 1, 20, 80); }).ending, Ending::returned);
+    view("F8");
+    EXPECT_TRUE(shows("| ESC F7 F8 ")) << "every key of the page is named";
 }
 
 TEST_F(Help, AFileThatShrinksShowsEmptyLines)
