@@ -32,8 +32,7 @@ bool comparer_groupe(int a, int b)
     return group_name(a) < group_name(b);
 }
 
-// Runs the screen on the groups that `wanted` lets through. The index into them and the groups, or nothing
-// when there is no memory.
+// The groups that `wanted` lets through, by name; nothing when there is no memory.
 template <class Wanted>
 std::optional<std::vector<int>> sorted_groups(Wanted wanted)
 try {
