@@ -4,7 +4,6 @@
 #include "core/store.h"
 #include "editor/display.h"
 #include "editor/view.h"
-#include "raster/keys.h"
 #include "screen/dialogs.h"
 #include "screen/fields.h"
 #include "screen/strings.h"
@@ -38,11 +37,9 @@ int ask_count(std::string_view prompt, int right_column)
     outtext_at(2, text_column, color::light_cyan, prompt);
     const int field_column = text_column + static_cast<int>(prompt.size()) + 1;
     int count = 1;
-    int pressed = 0;
-    while (pressed != key::enter && pressed != key::escape)
-        pressed = input_int(count, 0, most, 2, field_column);
+    const bool entered = enter_int(count, 0, most, 2, field_column);
     _clearscreen(1);
-    return pressed == key::enter ? count : 0;
+    return entered ? count : 0;
 }
 
 int require_species()

@@ -174,12 +174,10 @@ int input_sub_seq(int max, int source)
     _setbgcolor(color::black);
     window_hp(10, std::clamp(_nb_col - least_width + 1, 1, left), 12, _nb_col, color::cyan);
     outtext_inside(2, 3, color::light_cyan, "Sequence sought =");
-    int pressed = 0;
-    while (pressed != key::enter && pressed != key::escape)
-        pressed = input_texte(typed, field_length, 2, field_column);
+    const bool entered = enter_texte(typed, field_length, 2, field_column);
     _clearscreen(1);
     draw_rows_again();
-    if (pressed == key::escape) return escaped;
+    if (!entered) return escaped;
     set_pattern(typed);
     strupr(ss);
     return ok;
@@ -202,11 +200,10 @@ bool take_fragment(int species)
     _setbgcolor(color::black);
     window_hp(line, left, line + 2, std::max(least_right, left + field_column + number_width), color::cyan);
     outtext_inside(2, 3, color::light_cyan, prompt);
-    int position = 1, pressed = 0;
-    while (pressed != key::enter && pressed != key::escape)
-        pressed = input_int(position, 0, nb_nuc_tot, 2, field_column);
+    int position = 1;
+    const bool entered = enter_int(position, 0, nb_nuc_tot, 2, field_column);
     _clearscreen(1);
-    if (pressed == key::escape) return false;
+    if (!entered) return false;
     set_pattern(residues_from(searched_text(species), std::max(position - 1, 0), fragment_pattern));
     return true;
 }

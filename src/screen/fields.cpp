@@ -5,6 +5,7 @@
 #include "raster/keys.h"
 #include "screen/dialogs.h"
 #include "screen/files.h"
+#include "screen/prompt_field.h"
 #include "screen/strings.h"
 #include "screen/text.h"
 
@@ -218,6 +219,32 @@ int input_float(float& value, float min, float max, int line, int column)
                         [&](std::string_view text) { return verif_float(text, value, min, max) == 0; });
 }
 
+// ---- single fields ----------------------------------------------------------------------------------------
+
+namespace {
+
+template <class Input>
+bool edited_until_enter(Input input)
+{
+    for (;;) {
+        const int pressed = input();
+        if (pressed == key::enter) return true;
+        if (pressed == key::escape) return false;
+    }
+}
+
+} // namespace
+
+bool enter_texte(std::string& text, int max_length, int line, int column)
+{
+    return edited_until_enter([&] { return input_texte(text, max_length, line, column); });
+}
+
+bool enter_int(int& value, int min, int max, int line, int column)
+{
+    return edited_until_enter([&] { return input_int(value, min, max, line, column); });
+}
+
 // ---- file names -------------------------------------------------------------------------------------------
 
 const std::string_view forbidden_in_file_names = " \"\\+=[]|*:/;,?\xE0\x15";
@@ -253,9 +280,7 @@ int open_name_box(std::string_view prompt, int line)
     const int width = field + max_file_name_length;
     const int left = std::max(1, (_nb_col - width - 1) / 2);
     window_hp(line, left, line + 2, std::min(left + width, _nb_col), color::cyan);
-    const int room = y2_win - y1_win - 2;
-    outtext_at(2, 3, color::light_cyan, prompt.substr(0, static_cast<std::size_t>(std::max(0, room))));
-    return field;
+    return outtext_prompt(2, prompt, field);
 }
 
 // Whether the mode lets the file be used; says why not.
@@ -277,12 +302,9 @@ int saisir_nom_fichier(std::string_view prompt, std::string& name, std::string_v
     std::string edited = name;
     for (;;) {
         const int column = open_name_box(prompt, line);
-        int pressed = 0;
-        do
-            pressed = input_texte(edited, max_file_name_length, 2, column);
-        while (pressed != key::enter && pressed != key::escape);
+        const bool entered = enter_texte(edited, max_file_name_length, 2, column);
         _clearscreen(1);
-        if (pressed == key::escape) return escaped;
+        if (!entered) return escaped;
 
         const NameCheck check = check_file_name(edited, extension);
         if (!check.complaint.empty()) {

@@ -11,6 +11,9 @@ namespace kq {
 int input_texte(std::string& text, int max_length, int line, int column);
 int input_int(int& value, int min, int max, int line, int column);
 int input_float(float& value, float min, float max, int line, int column);
+// The same for a single field: other keys than ENTER, true, and ESCAPE, false, do not end the edit.
+bool enter_texte(std::string& text, int max_length, int line, int column);
+bool enter_int(int& value, int min, int max, int line, int column);
 
 // 0 = the text is a valid number within the bounds and was stored, -1 = invalid (value unchanged).
 int verif_int(std::string_view text, int& value, int min, int max);

@@ -2,7 +2,6 @@
 #include "screen/window.h"
 
 #include "raster/grx.h"
-#include "raster/keys.h"
 #include "screen/dialogs.h"
 #include "screen/directories.h"
 #include "screen/fields.h"
@@ -213,12 +212,9 @@ bool ask_number(std::string_view prompt, int l1, int& value)
         _settextposition(static_cast<int>(i) + 2, 3);
         _outtext(rows[i]);
     }
-    int pressed = 0;
-    do
-        pressed = input_int(value, min_lines, max_lines, field_line, fits ? field_column : 3);
-    while (pressed != key::enter && pressed != key::escape);
+    const bool entered = enter_int(value, min_lines, max_lines, field_line, fits ? field_column : 3);
     _clearscreen(1);
-    return pressed == key::enter;
+    return entered;
 }
 
 void ask_lines(std::string_view title)

@@ -2,10 +2,9 @@
 #include "taxonomy/ensemble_name.h"
 
 #include "core/edit.h"
-#include "raster/keys.h"
 #include "screen/fields.h"
+#include "screen/prompt_field.h"
 #include "screen/text.h"
-#include "taxonomy/prompt_field.h"
 
 #include <algorithm>
 #include <string>
@@ -24,12 +23,9 @@ void ask_for_ensemble_name(int ens, std::string_view proposal)
     const int field = outtext_prompt(2, prompt, static_cast<int>(prompt.size()) + 3);
 
     std::string name(proposal.substr(0, longest_name));
-    int pressed = 0;
-    do
-        pressed = input_texte(name, longest_name, 2, field);
-    while (pressed != key::enter && pressed != key::escape);
+    const bool entered = enter_texte(name, longest_name, 2, field);
     _clearscreen(1);
-    set_ensemble_name(ens, pressed == key::enter ? name : "");
+    set_ensemble_name(ens, entered ? name : "");
 }
 
 } // namespace kq

@@ -7,10 +7,10 @@
 #include "screen/directories.h"
 #include "screen/fields.h"
 #include "screen/files.h"
+#include "screen/prompt_field.h"
 #include "screen/strings.h"
 #include "screen/text.h"
 #include "taxonomy/list_saving.h"
-#include "taxonomy/prompt_field.h"
 #include "taxonomy/species_lists.h"
 
 #include <algorithm>
@@ -179,11 +179,7 @@ void rename_file_LIS(int index)
         window_hp(5, 10, 7, 140, color::cyan);
         const int field = outtext_prompt(2, text_format("New name (%d characters):", max_list_name), 29);
         if (!fault.empty()) refuse_field(fault);
-        int pressed = 0;
-        do
-            pressed = input_texte(name, max_list_name, 2, field);
-        while (pressed != key::enter && pressed != key::escape);
-        if (pressed == key::escape) return _clearscreen(1);
+        if (!enter_texte(name, max_list_name, 2, field)) return _clearscreen(1);
         fault = new_name_fault(name);
     } while (!fault.empty());
     _clearscreen(1);

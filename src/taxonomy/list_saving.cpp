@@ -6,10 +6,10 @@
 #include "screen/directories.h"
 #include "screen/fields.h"
 #include "screen/files.h"
+#include "screen/prompt_field.h"
 #include "screen/strings.h"
 #include "screen/text.h"
 #include "taxonomy/lis_file.h"
-#include "taxonomy/prompt_field.h"
 #include "taxonomy/selection.h"
 
 #include <array>

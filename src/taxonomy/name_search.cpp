@@ -1,12 +1,11 @@
 // screen: finding species by the beginning or a part of their name.
 #include "taxonomy/name_search.h"
 
-#include "raster/keys.h"
 #include "screen/dialogs.h"
 #include "screen/fields.h"
+#include "screen/prompt_field.h"
 #include "screen/text.h"
 #include "taxonomy/group_moves.h"
-#include "taxonomy/prompt_field.h"
 #include "taxonomy/selection.h"
 #include "taxonomy/species_screen.h"
 
@@ -28,12 +27,9 @@ bool ask_for_part(int how)
     _setbgcolor(color::black);
     window_hp(5, 10, 7, 70, color::cyan);
     const int field = outtext_prompt(2, prompt, static_cast<int>(prompt.size()) + 4);
-    int pressed = 0;
-    do
-        pressed = input_texte(part_spec, longest_search, 2, field);
-    while (pressed != key::enter && pressed != key::escape);
+    const bool entered = enter_texte(part_spec, longest_search, 2, field);
     _clearscreen(1);
-    return pressed == key::enter;
+    return entered;
 }
 
 } // namespace

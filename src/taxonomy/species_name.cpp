@@ -6,13 +6,13 @@
 #include "raster/keys.h"
 #include "screen/dialogs.h"
 #include "screen/fields.h"
+#include "screen/prompt_field.h"
 #include "screen/text.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_files.h"
 #include "taxonomy/group_assignment.h"
 #include "taxonomy/group_files.h"
 #include "taxonomy/nom_file.h"
-#include "taxonomy/prompt_field.h"
 
 #include <algorithm>
 #include <string>

@@ -211,6 +211,8 @@ TEST_F(FileNamePrompt, AsksInABox)
     open({.lines = 20, .columns = 20});
     const Result tiny = ask("\"abcdefghijklmnopqrst\" Home Delete Enter", NameMode::unchecked);
     EXPECT_EQ(tiny.name, "bcdefghijklmnopqrst.ali");
+    ask("", NameMode::read, "ovomucoid.ali");
+    EXPECT_EQ(line(9), "| File omucoid.ali |") << "the prompt gives way to the field";
 }
 
 TEST_F(FileNamePrompt, ReadsOnlyFilesThatExist)

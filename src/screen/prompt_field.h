@@ -6,7 +6,7 @@
 namespace kq {
 
 // Writes a prompt at (line, 3) of a box; returns the column of its field: the one given, or in a box that a
-// narrow window has cut one further left, before which the prompt ends.
+// narrow window has cut one further left, where the prompt is cut a blank before it.
 int outtext_prompt(int line, std::string_view prompt, int field_column);
 
 // Says on the lower frame of the box why a field is not accepted, and rings the bell.

@@ -1,5 +1,5 @@
 // screen: a box with prompts and the fields behind them.
-#include "taxonomy/prompt_field.h"
+#include "screen/prompt_field.h"
 
 #include "screen/dialogs.h"
 #include "screen/text.h"
@@ -22,7 +22,7 @@ int outtext_prompt(int line, std::string_view prompt, int field_column)
     const int shown_columns = y2_win - y1_win + 1;
     const int field = std::max(prompt_column, std::min(field_column, shown_columns - least_room));
     outtext_at(line, prompt_column, color::light_cyan,
-               prompt.substr(0, static_cast<std::size_t>(field - prompt_column)));
+               prompt.substr(0, static_cast<std::size_t>(std::max(0, field - prompt_column - 1))));
     return field;
 }
 
