@@ -4,6 +4,7 @@
 #include "core/store.h"
 #include "raster/grx.h"
 #include "raster/keys.h"
+#include "screen/files.h"
 #include "screen/text.h"
 #include "screen/window.h"
 #include "support/plain_lists.h"
@@ -46,7 +47,7 @@ void prepare()
     for (int i = 0; i < listed_species; i++)
         names.push_back(identifier(static_cast<int>(i * 7919L % listed_species) * 2 + 1));
     std::filesystem::create_directories(bench::folder());
-    write_lis(bench::folder(), list_path(), lis_text("Unknown", "a day", "Untitled", names));
+    write_file_safely(list_path(), lis_text("Unknown", "a day", "Untitled", names));
 }
 
 // Both read the file. Argument: without accessions.

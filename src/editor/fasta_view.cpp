@@ -44,14 +44,6 @@ FastaRecord fasta_record(int species)
     return record;
 }
 
-// Empty, or what failed; the file is then as it was.
-std::string write_fasta(const std::string& path, const FastaRecord& record)
-{
-    NewFile file(path);
-    file.write(record.header + "\n" + record.sequence + "\n");
-    return file.commit() ? "" : file.error();
-}
-
 // Without a viewer the box on the screen is enough.
 void start_viewer(const std::string& path)
 {
@@ -78,7 +70,7 @@ int affich_fasta(int species)
 {
     const FastaRecord record = fasta_record(species);
     const std::string path = with_extension(file_ALI, ".fasta");
-    const std::string error = write_fasta(path, record);
+    const std::string error = write_file_safely(path, record.header + "\n" + record.sequence + "\n");
     if (error.empty())
         start_viewer(path);
     else

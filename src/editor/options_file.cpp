@@ -88,10 +88,10 @@ void read_config_affiche()
 
 std::string sauve_config_affiche()
 {
-    NewFile file(options_path());
+    std::string text;
     for (const auto& option : option_values())
-        file.write(text_format("%d\n", *option.value));
-    return file.commit() ? "" : file.error();
+        text += text_format("%d\n", *option.value);
+    return write_file_safely(options_path(), text);
 }
 
 } // namespace kq

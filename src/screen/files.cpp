@@ -26,12 +26,6 @@ namespace {
 constexpr std::size_t write_block = 1 << 20; // bytes gathered before they are written
 
 // The directory part of a path, with its "/"; "./" when there is none.
-std::string directory_of(const std::string& path)
-{
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? "./" : path.substr(0, slash + 1);
-}
-
 // A name that no listing shows and no other process uses.
 std::string temporary_beside(const std::string& path)
 {
@@ -177,6 +171,16 @@ bool NewFile::commit()
     return true;
 }
 
+std::string write_file_safely(const std::string& path, std::string_view bytes)
+{
+    if (std::string problem = cannot_write(directory_of(path), bytes.size()); !problem.empty())
+        return problem;
+    NewFile file(path);
+    file.write(bytes);
+    file.commit();
+    return file.error();
+}
+
 std::string copy_file_safely(const std::string& from, const std::string& target)
 {
     // Without O_NONBLOCK a pipe that carries the file's name would hold the program for ever.
@@ -208,6 +212,12 @@ std::string copy_file_safely(const std::string& from, const std::string& target)
 }
 
 // ---- directories and paths --------------------------------------------------------------------------------
+
+std::string directory_of(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "./" : path.substr(0, slash + 1);
+}
 
 std::string cannot_write(const std::string& directory, unsigned long long bytes)
 {

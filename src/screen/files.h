@@ -55,8 +55,14 @@ private:
     void flush();
 };
 
+// Writes a whole file (as NewFile does) where nothing speaks against it (cannot_write); empty on success,
+// else what failed.
+std::string write_file_safely(const std::string& path, std::string_view bytes);
 // Copies a regular file's bytes into `target` (as NewFile does); empty on success, else what failed.
 std::string copy_file_safely(const std::string& from, const std::string& target);
+
+// The directory part of a path, with its "/"; "./" for a mere name.
+std::string directory_of(const std::string& path);
 
 // Why a file of about `bytes` more bytes cannot be written into the directory; empty when nothing speaks
 // against it (the directory exists, can be written, has room). With 0 bytes room does not matter.

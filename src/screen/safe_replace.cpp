@@ -53,11 +53,6 @@ std::string DirectoryLock::refusal(const std::string& directory)
     return "Another program is saving in the directory " + directory;
 }
 
-std::string directory_of(const std::string& path)
-{
-    return path.substr(0, path.rfind('/') + 1);
-}
-
 std::string cannot_replace(const std::string& current, const std::string& backup, unsigned long long bytes)
 {
     const auto copy = size_of(current);

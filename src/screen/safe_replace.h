@@ -25,9 +25,6 @@ private:
     bool held_;
 };
 
-// The directory part of a path, with its "/".
-std::string directory_of(const std::string& path);
-
 // Why there is no hope of replacing `current` by `bytes` bytes and keeping it as `backup`; empty when nothing
 // speaks against it.
 std::string cannot_replace(const std::string& current, const std::string& backup, unsigned long long bytes);

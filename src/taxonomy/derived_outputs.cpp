@@ -263,19 +263,13 @@ namespace {
 std::string write_species_groups(const std::string& path)
 {
     std::vector<std::string> lines;
-    std::size_t size = 0;
-    for (int species = 0; species < nb_spec; species++) {
+    for (int species = 0; species < nb_spec; species++)
         lines.push_back(std::string(identifier(species)).append(" , ").append(group_of(species)));
-        size += lines.back().size() + 1;
-    }
-    if (auto problem = cannot_write(working_directory, size); !problem.empty()) return problem;
     std::sort(lines.begin(), lines.end()); // by unsigned bytes, whatever the locale
-    NewFile file(path);
-    for (const std::string& line : lines) {
-        file.write(line);
-        file.write("\n");
-    }
-    return file.commit() ? "" : file.error();
+    std::string text;
+    for (const std::string& line : lines)
+        text.append(line).append("\n");
+    return write_file_safely(path, text);
 }
 
 } // namespace

@@ -30,14 +30,9 @@ void end_on(const std::string& error)
 }
 
 // Puts a new file in place; what prevents that is shown.
-bool write_or_warn(const std::string& directory, const std::string& path, const std::string& text)
+bool write_or_warn(const std::string& path, const std::string& text)
 {
-    std::string error = cannot_write(directory, text.size());
-    if (error.empty()) {
-        NewFile file(path);
-        file.write(text);
-        if (!file.commit()) error = file.error();
-    }
+    const std::string error = write_file_safely(path, text);
     if (!error.empty()) affich_avert(error, warning_line);
     return error.empty();
 }
@@ -78,7 +73,7 @@ void read_all_frame()
 void write_FRA_NOM_COL()
 {
     const std::string& frame = file_frame[static_cast<std::size_t>(no_frame)];
-    write_or_warn(dir_DATA, dir_DATA + "afas.ref", frame + "\n" + file_NOM + "\n" + file_COL + "\n");
+    write_or_warn(dir_DATA + "afas.ref", frame + "\n" + file_NOM + "\n" + file_COL + "\n");
 }
 
 void read_frame()
@@ -114,7 +109,7 @@ void reread_file_COL()
 
 bool write_file_COL()
 {
-    return write_or_warn(file_COL.substr(0, file_COL.rfind('/') + 1), file_COL, col_text());
+    return write_or_warn(file_COL, col_text());
 }
 
 } // namespace kq

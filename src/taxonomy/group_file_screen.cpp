@@ -171,11 +171,7 @@ private:
     bool make_empty(const std::string& path)
     {
         if (exists(path)) return true;
-        std::string error = cannot_write(dir_DATA, 0);
-        if (error.empty()) {
-            NewFile file(path);
-            if (!file.commit()) error = file.error();
-        }
+        const std::string error = write_file_safely(path, "");
         return error.empty() || refuse(error);
     }
 

@@ -2,7 +2,6 @@
 #include "taxonomy/lis_file.h"
 
 #include "core/line_reader.h"
-#include "screen/files.h"
 #include "screen/strings.h"
 #include "taxonomy/text_file.h"
 
@@ -69,15 +68,6 @@ std::string lis_text(std::string_view author, std::string_view date, std::string
     for (const std::string_view name : names)
         text.append(name).append("\n");
     return text;
-}
-
-std::string write_lis(const std::string& directory, const std::string& path, std::string_view text)
-{
-    if (std::string problem = cannot_write(directory, text.size()); !problem.empty()) return problem;
-    NewFile file(path);
-    file.write(text);
-    file.commit();
-    return file.error();
 }
 
 } // namespace kq

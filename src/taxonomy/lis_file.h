@@ -13,6 +13,8 @@
 
 namespace kq {
 
+inline constexpr std::string_view lis_extension = ".lis";
+
 // No list holds more lines than this many after its head; the rest of a longer file is not read.
 inline constexpr int max_listed_names = 10 * max_species;
 
@@ -28,9 +30,8 @@ struct LisFile {
 // Any bytes are read. Lines may end with a carriage return, the last one without a line feed.
 LisFile read_lis(const std::string& path);
 
+// The text of such a file.
 std::string lis_text(std::string_view author, std::string_view date, std::string_view title,
                      std::span<const std::string_view> names);
-// Writes the file whole or not at all; empty, or what went wrong.
-std::string write_lis(const std::string& directory, const std::string& path, std::string_view text);
 
 } // namespace kq

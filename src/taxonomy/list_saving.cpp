@@ -100,7 +100,7 @@ private:
         for (const int species : working_list())
             names.push_back(identifier(species));
         const std::string problem =
-            write_lis(dir_DATA, path(), lis_text(text(author_field), date(), text(title_field), names));
+            write_file_safely(path(), lis_text(text(author_field), date(), text(title_field), names));
         if (problem.empty()) return true;
         affich_avert(problem, question_line);
         return false;

@@ -58,7 +58,11 @@ TEST_F(SpeciesTest, DeletingCanBeGivenUp)
 TEST_F(SpeciesTest, ARejectsFileThatCannotBeWrittenKeepsTheSpecies)
 {
     load({"ACGT", "ACGT"});
-    ASSERT_EQ(std::system(("mkdir " + path("seq/test.non")).c_str()), 0);
+    ASSERT_EQ(std::system(("mkfifo " + path("seq/test.non")).c_str()), 0);
+    edit("A-BackSpace Y Enter");
+    EXPECT_TRUE(shows("The sequence is kept: ")) << "and nobody waits for the other end of the pipe";
+    EXPECT_FALSE(destroy[0]);
+    ASSERT_EQ(std::system(("rm " + path("seq/test.non") + " && mkdir " + path("seq/test.non")).c_str()), 0);
     edit("A-BackSpace Y Enter");
     EXPECT_TRUE(shows("The sequence is kept: "));
     EXPECT_FALSE(destroy[0]);
