@@ -25,9 +25,7 @@ constinit int nb_file_LIS = 0;
 
 namespace {
 
-constexpr int redraw_tree = 2, redraw_all = 3;
 constexpr int warning_line = 5, repeated_line = 10;
-constexpr std::string_view extension = ".lis";
 
 std::string path_of(int index)
 {
@@ -69,9 +67,9 @@ namespace {
 constexpr std::string_view confirm_legend =
     "ENTER:Confirm  ESCAPE:Cancel  SUPPR:Delete  F2:Rename  F3:Without @";
 
-// The box with what the list says of itself. What is wider than the box is broken into several lines, and the
-// box is that much higher.
-void show_list(const LisFile& list)
+// The box with what the list says of itself, its file's name on the frame. What is wider than the box is
+// broken into several lines, and the box is that much higher.
+void show_list(const std::string& name, const LisFile& list)
 {
     constexpr int first_line = 4, first_column = 3, last_column = 78;
     constexpr std::size_t most_rows = 3; // of one text
@@ -96,6 +94,7 @@ void show_list(const LisFile& list)
     _setbgcolor(color::black);
     window_hp(first_line, first_column, first_line + static_cast<int>(rows.size()) + 1, last_column,
               color::cyan);
+    outtext_inside(1, 3, color::light_green, ' ' + name + ' ');
     for (int line = 2; const Row& row : rows)
         outtext_inside(line++, 3, row.color, row.text);
 }
@@ -127,7 +126,7 @@ int confirme_charger_file_LIS(int index)
         warn(list.error);
         return escaped;
     }
-    show_list(list);
+    show_list(file_LIS[static_cast<std::size_t>(index)], list);
     for (;;) {
         const int pressed = GrKeyRead();
         switch (pressed) {
@@ -157,15 +156,7 @@ std::string new_name_fault(const std::string& name)
 {
     if (const std::string_view fault = list_name_fault(name); !fault.empty()) return std::string(fault);
     if (name.find('.') != std::string::npos) return "A list's name has no point";
-    if (exists(dir_DATA + name + std::string(extension))) return "A list of this name exists already";
-    return "";
-}
-
-// The new file is complete before the old one goes.
-std::string move_list(const std::string& from, const std::string& to)
-{
-    if (std::string problem = copy_file_safely(from, to); !problem.empty()) return problem;
-    if (std::remove(from.c_str()) != 0) return file_problem("Problem in deleting file", from, errno);
+    if (exists(list_path(name))) return "A list of this name exists already";
     return "";
 }
 
@@ -183,18 +174,18 @@ void rename_file_LIS(int index)
         fault = new_name_fault(name);
     } while (!fault.empty());
     _clearscreen(1);
-    const std::string problem = move_list(path_of(index), dir_DATA + name + std::string(extension));
-    if (!problem.empty()) warn(problem);
+    if (std::rename(path_of(index).c_str(), list_path(name).c_str()) != 0)
+        warn(file_problem("Problem in changing name of file", path_of(index), errno));
 }
 
 // ---- the chooser ------------------------------------------------------------------------------------------
 
-int choice_file_LIS()
+TreeRedraw choice_file_LIS()
 {
     ListChooser chooser;
     if (nb_file_LIS == 0) {
         warn("There are not yet any lists of species archived");
-        return redraw_tree;
+        return TreeRedraw::tree;
     }
     return chooser.run();
 }
@@ -211,7 +202,7 @@ ListChooser::~ListChooser()
     nb_file_LIS = 0;
 }
 
-int ListChooser::run()
+TreeRedraw ListChooser::run()
 {
     affich_screen();
     view_.affich_liste_filename();
@@ -220,12 +211,12 @@ int ListChooser::run()
         const int pressed = GrKeyRead();
         if (const auto* binding = list_keys.find(pressed)) (this->*binding->run)(pressed);
     }
-    return redraw_all;
+    return TreeRedraw::screen;
 }
 
 void ListChooser::read_names()
 {
-    file_LIS = read_name_file(dir_DATA, extension);
+    file_LIS = read_name_file(dir_DATA, lis_extension);
     nb_file_LIS = static_cast<int>(file_LIS.size());
     view_.set_names(file_LIS);
 }

@@ -4,6 +4,7 @@
 #include "screen/bindings.h"
 #include "taxonomy/filename_list.h"
 #include "taxonomy/lis_file.h"
+#include "taxonomy/tree_draw.h"
 
 #include <string>
 #include <vector>
@@ -14,8 +15,8 @@ namespace kq {
 extern std::vector<std::string> file_LIS;
 extern int nb_file_LIS;
 
-// Runs the chooser; how the tree screen is to be drawn again (3, or 2 when there is no list).
-int choice_file_LIS();
+// Runs the chooser; how the tree screen is to be drawn again.
+TreeRedraw choice_file_LIS();
 
 // Shows what list `index` of file_LIS says of itself and loads, renames or deletes it: 1 when it was loaded,
 // else -1.
@@ -35,7 +36,7 @@ public:
     ~ListChooser();
     ListChooser(const ListChooser&) = delete;
     ListChooser& operator=(const ListChooser&) = delete;
-    int run();
+    TreeRedraw run();
 
     void move(int key);
     void choose(int key);

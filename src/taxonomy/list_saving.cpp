@@ -20,13 +20,12 @@ namespace kq {
 
 namespace {
 
-constexpr int redraw_tree = 2;
 constexpr int warning_line = 7, question_line = 8;
 
 // The box with the fields: a cursor among them that goes up and down.
 class SaveForm {
 public:
-    int run()
+    TreeRedraw run()
     {
         draw();
         while (at_ < field_count) {
@@ -37,7 +36,7 @@ public:
             if (pressed == key::enter || pressed == key::down) go_on();
         }
         _clearscreen(1);
-        return redraw_tree;
+        return TreeRedraw::tree;
     }
 
 private:
@@ -52,7 +51,6 @@ private:
     };
     Field& field() { return fields_[static_cast<std::size_t>(at_)]; }
     const std::string& text(int index) const { return fields_[static_cast<std::size_t>(index)].text; }
-    std::string path() const { return dir_DATA + text(name_field) + ".lis"; }
 
     void draw()
     {
@@ -94,13 +92,14 @@ private:
 
     bool save() const
     {
-        if (confirme_ecrase_file(path(), question_line) != ok) return false;
+        const std::string path = list_path(text(name_field));
+        if (confirme_ecrase_file(path, question_line) != ok) return false;
         chercher_specie_retenue();
         std::vector<std::string_view> names;
         for (const int species : working_list())
             names.push_back(identifier(species));
         const std::string problem =
-            write_file_safely(path(), lis_text(text(author_field), date(), text(title_field), names));
+            write_file_safely(path, lis_text(text(author_field), date(), text(title_field), names));
         if (problem.empty()) return true;
         affich_avert(problem, question_line);
         return false;
@@ -125,11 +124,16 @@ std::string_view list_name_fault(std::string_view name)
     return "";
 }
 
-int sauvegarde_file_LIS()
+std::string list_path(std::string_view name)
+{
+    return dir_DATA + std::string(name) + std::string(lis_extension);
+}
+
+TreeRedraw sauvegarde_file_LIS()
 {
     if (nb_retenu == 0) {
         affich_avert("You have not yet selected any species", warning_line);
-        return redraw_tree;
+        return TreeRedraw::tree;
     }
     return SaveForm().run();
 }

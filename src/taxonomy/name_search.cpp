@@ -17,8 +17,6 @@ std::string part_spec;
 
 namespace {
 
-constexpr int redraw_tree = 2, redraw_all = 3;
-
 // Edits part_spec in its box; false on ESCAPE.
 bool ask_for_part(int how)
 {
@@ -34,7 +32,7 @@ bool ask_for_part(int how)
 
 } // namespace
 
-int cherche_begin_part_ident(int how)
+TreeRedraw cherche_begin_part_ident(int how)
 {
     constexpr int found_by_part = -2; // no group, either
     part_spec.clear();
@@ -45,9 +43,9 @@ int cherche_begin_part_ident(int how)
             continue;
         }
         choice_specie(how == search_beginning ? list_without_group : found_by_part);
-        return redraw_all;
+        return TreeRedraw::screen;
     }
-    return redraw_tree;
+    return TreeRedraw::tree;
 }
 
 void select_begin_part_ident(int how)

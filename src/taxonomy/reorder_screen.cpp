@@ -25,15 +25,14 @@ constexpr int full_rows = 26, full_columns = 2, column_width = 37;
 constexpr int first_list_line = 3, first_list_column = 3, columns_for_all = 78;
 constexpr int lines_around_list = 4; // frame, title, legend, frame
 constexpr int entries_of_a_page = 10;
-constexpr int redraw_tree = 2, redraw_all = 3;
 
 } // namespace
 
-int gere_reorder_specie_retenue()
+TreeRedraw gere_reorder_specie_retenue()
 {
     if (nb_retenu == 0) {
         affich_avert("You have not yet selected any species", 7);
-        return redraw_tree;
+        return TreeRedraw::tree;
     }
     return ReorderScreen().run();
 }
@@ -44,16 +43,16 @@ ReorderScreen::ReorderScreen()
 {
 }
 
-int ReorderScreen::run()
+TreeRedraw ReorderScreen::run()
 {
     begin();
     affich_screen();
-    while (!result_) {
+    while (!closed_) {
         affich_list();
         const int pressed = GrKeyRead();
         if (const auto* binding = reorder_keys.find(pressed)) (this->*binding->run)(pressed);
     }
-    return *result_;
+    return TreeRedraw::screen;
 }
 
 // The list is the selection by rank, and nothing is typed.
@@ -203,7 +202,7 @@ void ReorderScreen::help(int)
 void ReorderScreen::apply(int)
 {
     if (order_specie() != 0)
-        result_ = redraw_all;
+        closed_ = true;
     else
         begin();
 }
@@ -211,12 +210,12 @@ void ReorderScreen::apply(int)
 void ReorderScreen::apply_and_return(int)
 {
     order_specie();
-    result_ = redraw_all;
+    closed_ = true;
 }
 
 void ReorderScreen::leave(int)
 {
-    result_ = redraw_all;
+    closed_ = true;
 }
 
 } // namespace kq

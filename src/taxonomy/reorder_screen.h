@@ -2,21 +2,21 @@
 #pragma once
 
 #include "screen/bindings.h"
+#include "taxonomy/tree_draw.h"
 
-#include <optional>
 #include <vector>
 
 namespace kq {
 
-// Runs the screen; how the tree screen is to be drawn again (3, or 2 after a warning).
-int gere_reorder_specie_retenue();
+// Runs the screen; how the tree screen is to be drawn again.
+TreeRedraw gere_reorder_specie_retenue();
 
 // One run of the screen: a cursor on a list of two columns, of which a view is shown. The actions of the keys
 // get the key.
 class ReorderScreen {
 public:
     ReorderScreen();
-    int run();
+    TreeRedraw run();
 
     void up(int key);
     void down(int key);
@@ -45,7 +45,7 @@ private:
     int dec_spec_ = 0;           // first column shown
     int current_ = 0;
     int rows_, columns_; // of the list on the screen
-    std::optional<int> result_;
+    bool closed_ = false;
 };
 
 using ReorderAction = void (ReorderScreen::*)(int key);

@@ -11,12 +11,6 @@
 
 namespace kq {
 
-namespace {
-
-constexpr int redraw_tree = 2;
-
-} // namespace
-
 int change_color_groupe(node& root, int ens)
 {
     return pcour->expanded() ? escaped : TreeColourScreen(root, ens).run();
@@ -45,7 +39,7 @@ int TreeColourScreen::run()
 // The tree with the legend of the colours in the place of its own.
 void TreeColourScreen::affich_screen() const
 {
-    affich_ecran_arbre(redraw_tree, root_, ens_);
+    affich_ecran_arbre(TreeRedraw::tree, root_, ens_);
     active_node(true);
     _settextwindow(_nb_line, 1, _nb_line, _nb_col);
     _clearscreen(1);

@@ -297,12 +297,16 @@ void affich_nb_retenu()
     text_at(1, numbers_column(), color::light_cyan, text_format("%4d ", nb_retenu), numbers_column() + 4);
 }
 
-void affich_ecran_arbre(int mode, const node& root, int ens)
+void affich_ecran_arbre(TreeRedraw mode, const node& root, int ens)
 {
-    if (mode < 1 || mode > 3) return;
+    if (mode == TreeRedraw::nothing) return;
     _setbgcolor(color::black);
-    if (mode == 2) _settextwindow(first_tree_line, 1, last_tree_line(), _nb_col);
-    if (mode != 1) _clearscreen(mode == 2 ? 1 : 0);
+    if (mode == TreeRedraw::tree) {
+        _settextwindow(first_tree_line, 1, last_tree_line(), _nb_col);
+        _clearscreen(1);
+    } else if (mode == TreeRedraw::screen) {
+        _clearscreen(0);
+    }
     use_whole_screen();
     affich_heading(ens);
     affich_nb_retenu();

@@ -8,9 +8,12 @@ namespace kq {
 
 struct node;
 
-// Draws the screen of ensemble `ens` with the subtree `root`: 1 = over what is there, 2 = on a cleared tree
-// area, 3 = on a cleared screen; any other mode draws nothing.
-void affich_ecran_arbre(int mode, const node& root, int ens);
+// How the screen is drawn again after a key or a screen in front of it: not at all, over what is there, on a
+// cleared tree area, on a cleared screen.
+enum class TreeRedraw : int { nothing = 0, over = 1, tree = 2, screen = 3 };
+
+// Draws the screen of ensemble `ens` with the subtree `root`.
+void affich_ecran_arbre(TreeRedraw mode, const node& root, int ens);
 // Draws a subtree of the view.
 void trace_tree(const node& top);
 // Highlights the current node and shows it on line 2, or restores its normal looks.

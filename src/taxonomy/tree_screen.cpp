@@ -27,7 +27,6 @@
 #include "taxonomy/species_lists.h"
 #include "taxonomy/species_screen.h"
 #include "taxonomy/tree_colours.h"
-#include "taxonomy/tree_draw.h"
 #include "taxonomy/tree_walk.h"
 
 #include <array>
@@ -100,7 +99,7 @@ int TreeScreen::run()
 void TreeScreen::draw(TreeRedraw redraw)
 {
     if (bring_into_view(*root_) && redraw != TreeRedraw::screen) redraw = TreeRedraw::tree;
-    affich_ecran_arbre(static_cast<int>(redraw), *root_, ens_);
+    affich_ecran_arbre(redraw, *root_, ens_);
     active_node(true);
 }
 
@@ -191,7 +190,7 @@ TreeRedraw TreeScreen::deselect()
 
 TreeRedraw TreeScreen::reorder()
 {
-    return static_cast<TreeRedraw>(gere_reorder_specie_retenue());
+    return gere_reorder_specie_retenue();
 }
 
 // The species screen on the working list, which holds the group's species.
@@ -217,22 +216,22 @@ TreeRedraw TreeScreen::list_cupboard()
 
 TreeRedraw TreeScreen::save_list()
 {
-    return static_cast<TreeRedraw>(sauvegarde_file_LIS());
+    return sauvegarde_file_LIS();
 }
 
 TreeRedraw TreeScreen::load_list()
 {
-    return static_cast<TreeRedraw>(choice_file_LIS());
+    return choice_file_LIS();
 }
 
 TreeRedraw TreeScreen::search_beginning_of_name()
 {
-    return static_cast<TreeRedraw>(cherche_begin_part_ident(search_beginning));
+    return cherche_begin_part_ident(search_beginning);
 }
 
 TreeRedraw TreeScreen::search_part_of_name()
 {
-    return static_cast<TreeRedraw>(cherche_begin_part_ident(search_part));
+    return cherche_begin_part_ident(search_part);
 }
 
 TreeRedraw TreeScreen::finish()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "screen/bindings.h"
+#include "taxonomy/tree_draw.h"
 
 #include <optional>
 
@@ -16,9 +17,6 @@ inline constexpr int automatic_selection = -4; // the bacterial split is to make
 
 // Runs the screen for an ensemble on subtree p_arbre[no_arbre].
 int gere_arbre(int ens);
-
-// How the screen is drawn again after a key.
-enum class TreeRedraw : int { nothing = 0, over = 1, tree = 2, screen = 3 };
 
 // One run of the screen. The actions of its keys work on the current node (pcour).
 class TreeScreen {

@@ -47,7 +47,7 @@ public:
         chercher_specie_retenue();
         return working_names();
     }
-    int redraw = -1;
+    TreeRedraw redraw{};
 };
 
 const std::string head = "#Created by Unknown on Monday 17 September 2007 at 3 hours 33\n#Untitled\n";
@@ -60,7 +60,7 @@ TEST_F(Lists, ASelectionIsArchivedByRank)
 {
     set_selection(std::vector{5, 0, 2});
     EXPECT_EQ(save_keys("\"mine\" Enter*3").ending, Ending::returned);
-    EXPECT_EQ(redraw, 2);
+    EXPECT_EQ(redraw, TreeRedraw::tree);
     EXPECT_EQ(list("mine"), head + "3\nFox zeta@6\nAnt alpha@1\nCat gamma@3\n");
     EXPECT_EQ(line(3) + line(4), "") << "the box is gone";
     // Up goes back, also to correct; a refused name and the top ring the bell and stay.
@@ -168,7 +168,7 @@ TEST_F(Lists, TheChooserShowsListsAndWhatTheySay)
     load_keys("Down Enter");
     EXPECT_SCREEN("list_confirm");
     EXPECT_EQ(load_keys("Down Enter Q Escape Escape").ending, Ending::returned);
-    EXPECT_EQ(redraw, 3);
+    EXPECT_EQ(redraw, TreeRedraw::screen);
     EXPECT_EQ(nb_retenu, 0);
     open({.lines = 40, .columns = 160});
     load_keys("Enter F2 \"" + std::string(96, 'w') + "\"");
@@ -198,13 +198,13 @@ TEST_F(Lists, AWrongFileLeavesTheSelection)
     vanishing("Enter");
     EXPECT_TRUE(shows("Problem in opening file " + path("zolt/data/empty.lis")));
     vanishing("Enter Q");
-    EXPECT_EQ(redraw, 3) << "no list is left";
+    EXPECT_EQ(redraw, TreeRedraw::screen) << "no list is left";
     EXPECT_EQ(selected(), before);
 
     load_keys("");
     EXPECT_EQ(line_of("There are not yet any lists of species archived"), 6);
     load_keys("Q");
-    EXPECT_EQ(redraw, 2);
+    EXPECT_EQ(redraw, TreeRedraw::tree);
 }
 
 // ---- files ------------------------------------------------------------------------------------------------
@@ -224,13 +224,15 @@ TEST_F(Lists, AreRenamedToFreeNamesOnlyAndDeleted)
     load_keys("Down Enter Delete");
     EXPECT_FALSE(has_file("zolt/data/b.lis"));
     EXPECT_TRUE(shows("a.lis") && !shows("b.lis"));
+    const auto written = fs::last_write_time(path("zolt/data/a.lis"));
     for (const std::string& name : {std::string("-rf"), std::string("a'&$(id)"), std::string(95, 'n')}) {
         load_keys("Enter F2 \"" + name + "\" Enter");
         EXPECT_EQ(list(name), bytes) << name;
+        EXPECT_EQ(fs::last_write_time(path("zolt/data/" + name + ".lis")), written) << "it is the same file";
         EXPECT_TRUE(shows("ESCAPE:Cancel")) << "and the list is back";
     }
     EXPECT_EQ(load_keys("Enter Delete").ending, Ending::returned) << "none is left";
-    EXPECT_EQ(redraw, 3);
+    EXPECT_EQ(redraw, TreeRedraw::screen);
 }
 
 // A failure anywhere is a warning, never the program's end; killed anywhere, a complete list is left.
@@ -246,9 +248,7 @@ TEST_F(Lists, SurviveEverySystemCallThatFails)
         std::vector<State> states;
     } cases[] = {
         {"\"a\" Enter*3 Enter Q Escape", [] { sauvegarde_file_LIS(); }, {{before, ""}, {after, ""}}},
-        {"Enter F2 \"n\" Enter Q Escape*2",
-         [] { choice_file_LIS(); },
-         {{before, ""}, {before, before}, {"", before}}},
+        {"Enter F2 \"n\" Enter Q Escape*2", [] { choice_file_LIS(); }, {{before, ""}, {"", before}}},
         {"Enter Delete Q Escape", [] { choice_file_LIS(); }, {{before, ""}, {"", ""}}},
     };
     for (const auto& [keys, run, states] : cases) {

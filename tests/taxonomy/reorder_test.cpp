@@ -62,7 +62,7 @@ public:
         const auto list = working_list();
         return {list.begin(), list.end()};
     }
-    int redraw = -1;
+    TreeRedraw redraw{};
 };
 
 } // namespace
@@ -72,7 +72,7 @@ TEST_F(Reorder, NothingSelectedIsAWarning)
     select(0 + 1);
     clear_selection();
     type("Q");
-    EXPECT_EQ(redraw, 2);
+    EXPECT_EQ(redraw, TreeRedraw::tree);
     type("");
     EXPECT_EQ(line_of("You have not yet selected any species"), 8);
 }
@@ -83,7 +83,7 @@ TEST_F(Reorder, NumbersAreTypedAndApplied)
     type("3 Down 2 4 Down*2 BackSpace");
     EXPECT_SCREEN("reorder"); // 24 is more than there are: 5
     EXPECT_EQ(type("3 F3").ending, Ending::returned);
-    EXPECT_EQ(redraw, 3);
+    EXPECT_EQ(redraw, TreeRedraw::screen);
     EXPECT_EQ(order(), (std::vector{1, 2, 0, 3, 4}));
     type("Down 1 F2 5 F3"); // the cursor stays on the second entry
     EXPECT_EQ(order(), (std::vector{2, 0, 3, 4, 1}));
@@ -93,7 +93,7 @@ TEST_F(Reorder, NumbersAreTypedAndApplied)
     EXPECT_EQ(order(), (std::vector{3, 4, 1}));
     EXPECT_EQ(selection_error(), "");
     EXPECT_EQ(type("0 Down 0 Down 0 F2").ending, Ending::returned) << "nothing remains";
-    EXPECT_EQ(redraw, 3);
+    EXPECT_EQ(redraw, TreeRedraw::screen);
     EXPECT_EQ(nb_retenu, 0);
     EXPECT_EQ(selection_error(), "");
 }
