@@ -50,8 +50,9 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {key::f5,               sequences<write_file_ALI>,                                 "save the alignment"},
     {key::f6,               whole_screen<detruire_ensemble>,                           "discard an ensemble"},
     {key::f8,               whole_screen<choice_config_affiche>,                       "options of the display"},
-    {key::f10,              change_group_key,                                          "change the group of the species"},
     {key::f9,               rename_key,                                                "rename the species"},
+    {key::f10,              change_group_key,                                          "change the group of the species"},
+
     {key::shift_f1,         other_file_key,                                            "work on another file"},
     {key::shift_f2,         delete_many_key,                                           "delete all gaps at the cursor"},
     {key::tab,              delete_many_key,                                           "delete all gaps at the cursor"},

@@ -27,6 +27,7 @@ void print_table(std::string& text, const KeyTable<Action>& table)
     for (std::size_t i = 0; i < rows.size(); i++) {
         text += i > 0 && rows[i].note == rows[i - 1].note ? ", " : "| ";
         text += '`' + key_name(rows[i].key) + '`';
+        if (rows[i].last != rows[i].key) text += " to `" + key_name(rows[i].last) + '`';
         if (i + 1 == rows.size() || rows[i + 1].note != rows[i].note)
             text += " | " + std::string(rows[i].note) + " |\n";
     }

@@ -49,14 +49,12 @@ constexpr Binding<TreeColourAction> colour_rows[] = {
     {key::down,   &TreeColourScreen::down,   "one leaf down"},
     {key::f5,     &TreeColourScreen::save,   "write the colour file and return"},
     {key::escape, &TreeColourScreen::cancel, "return to the colours of the file"},
-    {'0', &TreeColourScreen::recolour, colour_note}, {'1', &TreeColourScreen::recolour, colour_note},
-    {'2', &TreeColourScreen::recolour, colour_note}, {'3', &TreeColourScreen::recolour, colour_note},
-    {'4', &TreeColourScreen::recolour, colour_note}, {'5', &TreeColourScreen::recolour, colour_note},
-    {'6', &TreeColourScreen::recolour, colour_note}, {'7', &TreeColourScreen::recolour, colour_note},
-    {'8', &TreeColourScreen::recolour, colour_note}, {'9', &TreeColourScreen::recolour, colour_note},
-    {'/', &TreeColourScreen::recolour, colour_note}, {'*', &TreeColourScreen::recolour, colour_note},
-    {'-', &TreeColourScreen::recolour, colour_note}, {'+', &TreeColourScreen::recolour, colour_note},
-    {'.', &TreeColourScreen::recolour, colour_note},
+    {'0',         &TreeColourScreen::recolour, colour_note, '9'},
+    {'/',         &TreeColourScreen::recolour, colour_note},
+    {'*',         &TreeColourScreen::recolour, colour_note},
+    {'-',         &TreeColourScreen::recolour, colour_note},
+    {'+',         &TreeColourScreen::recolour, colour_note},
+    {'.',         &TreeColourScreen::recolour, colour_note},
 };
 // clang-format on
 static_assert(unique_keys<TreeColourAction>(colour_rows), "a key is bound twice");

@@ -11,6 +11,9 @@ struct Binding {
     int key;
     Action run;
     std::string_view note; // what it does, for docs/keys.md; never empty
+    int last = key;        // of a run of keys, `key` to `last`, that do the same: letters, digits
+
+    constexpr bool holds(int pressed) const { return pressed >= key && pressed <= last; }
 };
 
 // A table in documentation order. Whether letters work in both cases is a property of the table; its rows
@@ -25,7 +28,7 @@ struct KeyTable {
     {
         if (folds_case && key >= 'a' && key <= 'z') key += 'A' - 'a';
         for (const auto& row : rows)
-            if (row.key == key) return &row;
+            if (row.holds(key)) return &row;
         return nullptr;
     }
 };
@@ -35,7 +38,7 @@ constexpr bool unique_keys(std::span<const Binding<Action>> rows)
 {
     for (std::size_t i = 0; i < rows.size(); i++)
         for (std::size_t j = i + 1; j < rows.size(); j++)
-            if (rows[i].key == rows[j].key) return false;
+            if (rows[i].holds(rows[j].key) || rows[j].holds(rows[i].key)) return false;
     return true;
 }
 

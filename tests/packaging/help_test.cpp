@@ -68,7 +68,8 @@ Names keys_of(const KeyTable<Action>& table)
 {
     Names keys;
     for (const auto& row : table.rows)
-        keys.insert(written(row.key));
+        for (int key = row.key; key <= row.last; key++)
+            keys.insert(written(key));
     return keys;
 }
 
