@@ -11,6 +11,7 @@
 #include "screen/dialogs.h"
 #include "screen/fields.h"
 #include "screen/process_end.h"
+#include "screen/prompt_field.h"
 #include "screen/strings.h"
 #include "screen/text.h"
 #include "taxonomy/frame.h"
@@ -53,12 +54,11 @@ void show_sequence(const std::string& text)
 bool ask_for_sequence(NewSequence& entered)
 {
     window_hp(dialog_line, 1, dialog_line + 4, _nb_col, color::cyan);
-    outtext_at(2, 3, color::light_cyan, "Name of the new species:");
-    _settextposition(3, 3);
-    _outtext("Sequence of the new species:");
+    const int name_column = outtext_prompt(2, "Name of the new species:", 28);
+    outtext_inside(3, 3, color::light_cyan, "Sequence of the new species:");
     bool in_name = true;
     for (;;) {
-        const int pressed = in_name ? input_texte(entered.name, identifier_size - 1, 2, 28)
+        const int pressed = in_name ? input_texte(entered.name, identifier_size - 1, 2, name_column)
                                     : input_texte(entered.text, nb_nuc_tot, sequence_line, sequence_column);
         if (!in_name) {
             clean_sequence(entered.text);

@@ -6,6 +6,7 @@
 #include "editor/view.h"
 #include "screen/dialogs.h"
 #include "screen/fields.h"
+#include "screen/prompt_field.h"
 #include "screen/strings.h"
 #include "screen/text.h"
 
@@ -32,12 +33,11 @@ bool confirmed(std::string_view question)
 
 int ask_count(std::string_view prompt, int right_column)
 {
-    constexpr int most = 10000, text_column = 3;
+    constexpr int most = 10000;
     window_hp(dialog_line, 30, dialog_line + 2, right_column, color::cyan);
-    outtext_at(2, text_column, color::light_cyan, prompt);
-    const int field_column = text_column + static_cast<int>(prompt.size()) + 1;
+    const int field = outtext_prompt(2, prompt, static_cast<int>(prompt.size()) + 4, number_room);
     int count = 1;
-    const bool entered = enter_int(count, 0, most, 2, field_column);
+    const bool entered = enter_int(count, 0, most, 2, field);
     _clearscreen(1);
     return entered ? count : 0;
 }

@@ -14,6 +14,7 @@
 #include "raster/keys.h"
 #include "screen/dialogs.h"
 #include "screen/fields.h"
+#include "screen/prompt_field.h"
 #include "screen/result_table.h"
 #include "screen/strings.h"
 #include "screen/text.h"
@@ -173,8 +174,8 @@ int input_sub_seq(int max, int source)
     }
     _setbgcolor(color::black);
     window_hp(10, std::clamp(_nb_col - least_width + 1, 1, left), 12, _nb_col, color::cyan);
-    outtext_inside(2, 3, color::light_cyan, "Sequence sought =");
-    const bool entered = enter_texte(typed, field_length, 2, field_column);
+    const int field = outtext_prompt(2, "Sequence sought =", field_column);
+    const bool entered = enter_texte(typed, field_length, 2, field);
     _clearscreen(1);
     draw_rows_again();
     if (!entered) return escaped;
@@ -199,9 +200,9 @@ bool take_fragment(int species)
     const int field_column = 4 + static_cast<int>(prompt.size());
     _setbgcolor(color::black);
     window_hp(line, left, line + 2, std::max(least_right, left + field_column + number_width), color::cyan);
-    outtext_inside(2, 3, color::light_cyan, prompt);
+    const int field = outtext_prompt(2, prompt, field_column, number_room);
     int position = 1;
-    const bool entered = enter_int(position, 0, nb_nuc_tot, 2, field_column);
+    const bool entered = enter_int(position, 0, nb_nuc_tot, 2, field);
     _clearscreen(1);
     if (!entered) return false;
     set_pattern(residues_from(searched_text(species), std::max(position - 1, 0), fragment_pattern));
@@ -266,8 +267,8 @@ int ask_number_to_select()
         view.draw();
         const int line = view.box().l2 + lines_between + 1;
         window_hp(line, left, line + lines_of_question - 1, right, color::light_grey);
-        outtext_inside(2, 3, color::light_cyan, "Number of species to select =");
-        pressed = input_int(number, 0, most, 2, field_column);
+        const int field = outtext_prompt(2, "Number of species to select =", field_column, number_room);
+        pressed = input_int(number, 0, most, 2, field);
         view.scroll(pressed);
     }
     _clearscreen(1);

@@ -15,12 +15,11 @@ constexpr int prompt_column = 3;
 
 } // namespace
 
-int outtext_prompt(int line, std::string_view prompt, int field_column)
+int outtext_prompt(int line, std::string_view prompt, int field_column, int least_room)
 {
     // In a narrow window the field needs the room more than the end of the prompt does.
-    constexpr int least_room = 12;
     const int shown_columns = y2_win - y1_win + 1;
-    const int field = std::max(prompt_column, std::min(field_column, shown_columns - least_room));
+    const int field = std::max(prompt_column, std::min(field_column, shown_columns + 1 - least_room));
     outtext_at(line, prompt_column, color::light_cyan,
                prompt.substr(0, static_cast<std::size_t>(std::max(0, field - prompt_column - 1))));
     return field;

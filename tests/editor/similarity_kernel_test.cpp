@@ -12,20 +12,12 @@ using namespace kq;
 
 namespace {
 
-std::string random_text(std::mt19937& random, std::string_view letters, int length)
-{
-    std::string text;
-    for (int i = 0; i < length; i++)
-        text += letters[random() % letters.size()];
-    return text;
-}
-
 // Rows of few letters have ties; most of the others hold a changed copy of the pattern, in pieces.
 std::string random_row(std::mt19937& random, const std::string& pattern, int length)
 {
     static constexpr std::string_view alphabets[] = {"AC", "ACGU*", "ACGU ***", "ACGUacgu-$* ", "* "};
     const auto letters = alphabets[random() % std::size(alphabets)];
-    std::string row = random_text(random, letters, length);
+    std::string row = plain::random_text(random, letters, length);
     if (random() % 2 == 0 || row.empty()) return row;
     std::size_t p = random() % row.size();
     for (const char c : pattern) {
@@ -45,7 +37,7 @@ TEST(SimilarityKernel, RanksAsThePlainSearchDoes)
         SCOPED_TRACE("seed " + std::to_string(seed));
         std::mt19937 random(seed);
         const int lengths[] = {0, 1, 5, 40, 127, 128, 129, 300, 1000};
-        const auto pattern = random_text(random, "ACGU-a", static_cast<int>(random() % 41));
+        const auto pattern = plain::random_text(random, "ACGU-a", static_cast<int>(random() % 41));
         std::vector<std::string> texts;
         for (int r = 0; r < 5; r++)
             texts.push_back(random_row(random, pattern, lengths[random() % std::size(lengths)]));

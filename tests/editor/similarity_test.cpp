@@ -7,6 +7,7 @@
 #include "editor_test.h"
 #include "screen/dialogs.h"
 #include "support/golden.h"
+#include "support/plain_similarity.h"
 
 #include <random>
 
@@ -44,14 +45,6 @@ public:
     {
     }
 };
-
-std::string random_text(std::mt19937& random, std::string_view letters, int length)
-{
-    std::string text;
-    for (int i = 0; i < length; i++)
-        text += letters[random() % letters.size()];
-    return text;
-}
 
 // A long row with a pattern in it, and one that begins with the pattern, five columns before it.
 const std::string pattern20 = "ACGGUUACGAUCCGAUAGCU";
@@ -185,7 +178,7 @@ void load_random(EditorTest& test, std::mt19937& random)
 {
     const int columns = 30 + static_cast<int>(random() % 120);
     const auto letters = random() % 4 ? "ACGU" : "AC-a";
-    auto top = random_text(random, letters, columns);
+    auto top = plain::random_text(random, letters, columns);
     std::vector<std::string> rows;
     for (int r = 0; r < 5; r++) {
         std::string row;
@@ -270,7 +263,13 @@ TEST_F(SmallSimilarityTest, BoxesScrollSideways)
     edit("Down / Right*9");
     EXPECT_TRUE(shows("o apply that)"));
     edit("S Enter");
-    EXPECT_TRUE(shows("Sequence s"));
+    EXPECT_EQ(line(11), "| Sequ ACGUACGU    |") << "the prompt gives way to its field";
+    edit("F11");
+    EXPECT_EQ(line(6), "| Number of s 1    |");
+    edit("C-Insert x Enter \"ac\"");
+    EXPECT_EQ(line(6) + line(7) + line(8), "| Name x           || Sequence of the n|| ac               |");
+    play("Enter", [] { simil_tous(1, 0, all_species); });
+    EXPECT_EQ(line(9), "| Number of s 2    |");
     edit("S Down*4 Enter Enter Right*2");
     EXPECT_EQ(line(2), "| Species          |");
 }

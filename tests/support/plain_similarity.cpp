@@ -41,4 +41,12 @@ std::vector<Hit> similar_positions(std::string_view row, std::string_view patter
     return ranking;
 }
 
+std::string random_text(std::mt19937& random, std::string_view letters, int length)
+{
+    std::string text;
+    for (int i = 0; i < length; i++)
+        text += letters[random() % letters.size()];
+    return text;
+}
+
 } // namespace kq::plain
