@@ -104,7 +104,6 @@ void choose_gaps()
         warn("There are no residues in the selected species");
         return;
     }
-    cherche_delcom();
     goto_debut();
 }
 
