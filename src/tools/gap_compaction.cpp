@@ -5,6 +5,7 @@
 #include "core/store.h"
 #include "editor/ensemble_commands.h"
 #include "editor/navigation.h"
+#include "editor/prompts.h"
 #include "editor/region.h"
 #include "editor/view.h"
 #include "screen/dialogs.h"
@@ -67,6 +68,7 @@ void gere_compact_gap(Direction direction)
     const auto set = static_cast<SpeciesSet>(chosen);
     int ensemble = 0;
     if (set == SpeciesSet::one_ensemble) {
+        draw_rows_again(); // the list of ensembles is the smaller box
         ensemble = choice_ensemble("Choose the ensemble for which you want to compact gaps:");
         if (ensemble == escaped) return;
     }

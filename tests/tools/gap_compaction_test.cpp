@@ -125,4 +125,7 @@ TEST_F(GapCompactionTest, HidesTheColumnsThatItEmpties)
     EXPECT_EQ(nb_nuc, 8);
     EXPECT_EQ(cursor_position(), 0);
     EXPECT_EQ(view_error() + columns_error(), "");
+    load(std::vector<std::string>(20, std::string(60, 'A')));
+    edit("O Down Enter ( ) Enter");
+    EXPECT_EQ(area(14), area(16)) << "nothing is left of the larger of two boxes";
 }
