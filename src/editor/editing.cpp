@@ -129,6 +129,7 @@ void suppr_all_chars()
 
 Redraw inser_star_all()
 {
+    if (!is_display_row(cursor_row())) return redraw_none; // without a target all species would be pushed
     const int n = ask_count("Number of stars to insert =", box_right);
     if (n == 0 || !grown(open_columns(target_rows(), cursor_position(), n))) return redraw_screen;
     mark_changed();

@@ -131,11 +131,11 @@ Redraw paste_character_key()
 Redraw choose_master_key()
 {
     const int species = cursor_species();
-    if (species == -1) {
+    if (cursor_on_consensus())
         warn("The reference cannot be a consensus sequence");
-        return redraw_all_rows;
-    }
-    if (no_seq_ref == -1 || confirmed("Do you want to change the reference sequence?")) set_master(species);
+    else if (species != -1 &&
+             (no_seq_ref == -1 || confirmed("Do you want to change the reference sequence?")))
+        set_master(species);
     return redraw_all_rows;
 }
 

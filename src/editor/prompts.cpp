@@ -44,7 +44,7 @@ int ask_count(std::string_view prompt, int right_column)
 
 int require_species()
 {
-    if (collapsed(ens_curs))
+    if (cursor_on_consensus())
         warn(text_format("Change the type of display of the ensemble n%d before", ens_curs + 1));
     return cursor_species();
 }

@@ -29,9 +29,8 @@ Redraw rename_key()
 
 Redraw fasta_key()
 {
-    const int species = cursor_species();
-    if (species < 0 && !collapsed(ens_curs)) return redraw_none; // no row on display
-    affich_fasta(species);
+    if (!is_display_row(cursor_row())) return redraw_none;
+    affich_fasta(cursor_species());
     return redraw_screen;
 }
 

@@ -93,6 +93,11 @@ bool is_display_row(DisplayRow row)
     return row.ensemble >= 0 && row.ensemble < nb_ens && row.index >= 0 && row.index < rows_of(row.ensemble);
 }
 
+bool cursor_on_consensus()
+{
+    return is_display_row(cursor_row()) && collapsed(ens_curs);
+}
+
 int cursor_species()
 {
     if (!is_display_row(cursor_row()) || collapsed(ens_curs)) return -1;

@@ -58,6 +58,7 @@ bool is_display_row(DisplayRow row);
 
 // The cursor's species, or -1 on a collapsed ensemble and when there are no rows.
 int cursor_species();
+bool cursor_on_consensus(); // on the row of a collapsed ensemble
 
 // The characters of a display row, read as blanks beyond their end: a species' text, or the consensus of a
 // collapsed ensemble with its levels.
