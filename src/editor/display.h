@@ -1,8 +1,10 @@
 // screen: drawing the alignment: identifiers, coloured sequence area, cursor, the two lines below.
 //
-//   rows 1 .. _nb_line - 2   columns 1..28 identifiers, 29 the cursor's mark "<", from 30 on the sequence
-//   area row _nb_line - 1         from column 30 on the consensus line, two headings, or the bounds of the
-//   region row _nb_line             the key menu of the current mode
+//   rows 1 .. _nb_line - 2   columns 1..28 identifiers, 29 the cursor's mark "<", from 30 on the
+//                            sequence area
+//   row _nb_line - 1         from column 1 on the cursor's numbers, from column 30 on the consensus
+//                            line, two headings, the differences from the master, or the region
+//   row _nb_line             the key menu of the current mode
 //
 // Column k of the area is text column 29 + k; columns 1 to area_width() hold residues, the one after them is
 // blank. Drawing what is there already costs no pixels (screen/text.h).

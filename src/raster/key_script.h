@@ -4,9 +4,8 @@
 //   Name          one key, by its name (raster/key_names.h): F2 S-F10 C-Left A-BackSpace PgDn Q
 //   Name*n        the same key n times, 1 <= n <= 1000000 ("*" alone is the key "*", "**3" three of them)
 //   "text"        the keys of each character; \" and \\ stand for a quote and a backslash; "text"*n repeats
-//   early WORD    these keys are already waiting while the program works: it sees them when it looks for a
-//   key
-//                 without stopping for one (long computations do so to be interrupted)
+//   early WORD    these keys are already waiting while the program works: it sees them when it looks
+//                 for a key without stopping for one (long computations do so to be interrupted)
 //   screen NAME   writes the screen to NAME.txt and NAME.png; letters, digits, "_", "-" and inner "."
 //   # comment     to the end of the line, where a word could begin; the key "#" is written "#" in quotes
 #pragma once
