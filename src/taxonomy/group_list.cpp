@@ -72,11 +72,11 @@ GroupListScreen::GroupListScreen(std::span<const int> cor_grp, GroupListMode mod
     : cor_grp_(cor_grp)
     , mode_(mode)
     , nb_obj_affich_(static_cast<int>(cor_grp.size()))
-    , rows_(std::max(1, _nb_line - lines_around_list))
-    , columns_(1)
+    , list_{.rows = std::max(1, _nb_line - lines_around_list), .columns = 1}
 {
-    while (columns_ < most_columns && first_list_column + columns_ * rows_ + readable_name <= _nb_col)
-        columns_++;
+    while (list_.columns < most_columns &&
+           first_list_column + list_.columns * list_.rows + readable_name <= _nb_col)
+        list_.columns++;
 }
 
 int GroupListScreen::run()
@@ -96,7 +96,7 @@ int GroupListScreen::run()
 
 int GroupListScreen::current_group() const
 {
-    return cor_grp_[static_cast<std::size_t>(first_groupe_ + current_)];
+    return cor_grp_[static_cast<std::size_t>(first_groupe_ + list_.current)];
 }
 
 // ---- drawing ----------------------------------------------------------------------------------------------
@@ -115,16 +115,17 @@ void GroupListScreen::affich_screen() const
 void GroupListScreen::affich_liste_groupe() const
 {
     _settextwindow(first_list_line, first_list_column, _nb_line - 3, _nb_col - 1);
-    for (int entry = dec_obj_; entry < dec_obj_ + entries_shown(); entry++)
-        color_case_groupe(entry, entry == current_);
+    for (int entry = list_.dec_obj; entry < list_.end_of_view(); entry++)
+        color_case_groupe(entry, entry == list_.current);
 }
 
 void GroupListScreen::color_case_groupe(int entry, bool on) const
 {
-    const int offset = entry - dec_obj_;
-    const int line = offset % rows_ + 1, column = offset / rows_ * rows_ + 1;
+    const int offset = entry - list_.dec_obj;
+    const int line = offset % list_.rows + 1, column = offset / list_.rows * list_.rows + 1;
     const int to_window_end = y2_win - y1_win + 2 - column;
-    const int room = std::min(offset / rows_ + 1 < columns_ ? rows_ : to_window_end, to_window_end);
+    const int room =
+        std::min(offset / list_.rows + 1 < list_.columns ? list_.rows : to_window_end, to_window_end);
     _settextposition(line, column);
     std::string_view name;
     if (entry < nb_obj_affich_) {
@@ -146,18 +147,7 @@ void GroupListScreen::color_case_groupe(int entry, bool on) const
 
 void GroupListScreen::move(int entries)
 {
-    const int last = nb_obj_affich_ - 1;
-    current_ += entries;
-    if (current_ < dec_obj_) {
-        if (dec_obj_ > 0)
-            dec_obj_ = std::max(0, dec_obj_ - rows_);
-        else
-            current_ = 0;
-    }
-    current_ = std::clamp(current_, 0, last);
-    if (current_ >= dec_obj_ + entries_shown()) dec_obj_ = std::min(dec_obj_ + rows_, last);
-    // A view of a few rows moves on by less than a page.
-    dec_obj_ = std::clamp(dec_obj_, std::max(0, current_ - entries_shown() + 1), current_);
+    list_.move(entries, nb_obj_affich_);
 }
 
 void GroupListScreen::up(int)
@@ -172,12 +162,12 @@ void GroupListScreen::down(int)
 
 void GroupListScreen::left(int)
 {
-    if (current_ >= rows_) move(-rows_);
+    if (list_.current >= list_.rows) move(-list_.rows);
 }
 
 void GroupListScreen::right(int)
 {
-    if (current_ + rows_ < nb_obj_affich_) move(rows_);
+    if (list_.current + list_.rows < nb_obj_affich_) move(list_.rows);
 }
 
 void GroupListScreen::page_up(int)
@@ -192,13 +182,13 @@ void GroupListScreen::page_down(int)
 
 void GroupListScreen::home(int)
 {
-    current_ = dec_obj_ = 0;
+    list_.current = list_.dec_obj = 0;
 }
 
 void GroupListScreen::end(int)
 {
-    current_ = nb_obj_affich_ - 1;
-    dec_obj_ = std::max(0, current_ - (entries_shown() - 1));
+    list_.current = nb_obj_affich_ - 1;
+    list_.dec_obj = std::max(0, nb_obj_affich_ - list_.rows * list_.columns);
 }
 
 void GroupListScreen::leave(int)
@@ -212,12 +202,12 @@ void GroupListScreen::show_sub_list(int first_groupe, int nb_obj_affich)
 {
     first_groupe_ = first_groupe;
     nb_obj_affich_ = nb_obj_affich;
-    current_ = dec_obj_ = 0;
+    list_.current = list_.dec_obj = 0;
 }
 
 void GroupListScreen::choose(int)
 {
-    result_ = first_groupe_ + current_;
+    result_ = first_groupe_ + list_.current;
 }
 
 void GroupListScreen::full_list(int)

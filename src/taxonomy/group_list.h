@@ -2,6 +2,7 @@
 #pragma once
 
 #include "screen/bindings.h"
+#include "taxonomy/column_list.h"
 
 #include <optional>
 #include <span>
@@ -52,13 +53,11 @@ private:
     void affich_liste_groupe() const;
     void color_case_groupe(int entry, bool on) const;
     int current_group() const;
-    int entries_shown() const { return rows_ * columns_; }
 
     std::span<const int> cor_grp_;
     GroupListMode mode_;
     int first_groupe_ = 0, nb_obj_affich_; // the sub-list within cor_grp_
-    int dec_obj_ = 0, current_ = 0;        // first shown and current entry of the sub-list
-    int rows_, columns_;                   // of the list on the screen
+    ColumnList list_;                      // of the sub-list
     std::optional<int> result_;
 };
 

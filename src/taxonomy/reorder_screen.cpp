@@ -38,8 +38,8 @@ TreeRedraw gere_reorder_specie_retenue()
 }
 
 ReorderScreen::ReorderScreen()
-    : rows_(std::clamp(_nb_line - lines_around_list, 1, full_rows))
-    , columns_(_nb_col >= columns_for_all ? full_columns : 1)
+    : list_{.rows = std::clamp(_nb_line - lines_around_list, 1, full_rows),
+            .columns = _nb_col >= columns_for_all ? full_columns : 1}
 {
 }
 
@@ -60,8 +60,8 @@ void ReorderScreen::begin()
 {
     chercher_specie_retenue();
     new_order_.assign(static_cast<std::size_t>(nb_spec_gro), no_number);
-    current_ = std::clamp(current_, 0, std::max(0, nb_spec_gro - 1));
-    dec_spec_ = std::min(dec_spec_, current_ / rows_);
+    list_.current = std::clamp(list_.current, 0, std::max(0, nb_spec_gro - 1));
+    list_.dec_obj = std::min(list_.dec_obj, list_.current / list_.rows * list_.rows);
 }
 
 // ---- drawing ----------------------------------------------------------------------------------------------
@@ -77,18 +77,17 @@ void ReorderScreen::affich_screen() const
 
 void ReorderScreen::affich_list() const
 {
-    const int last_line = first_list_line + rows_ - 1;
+    const int last_line = first_list_line + list_.rows - 1;
     const int last_column = std::min(columns_for_all, _nb_col - 1);
     _settextwindow(first_list_line, first_list_column, last_line, last_column);
-    const int first = dec_spec_ * rows_;
-    for (int entry = first; entry < first + entries_shown(); entry++)
+    for (int entry = list_.dec_obj; entry < list_.end_of_view(); entry++)
         affich_entry(entry);
 }
 
 void ReorderScreen::affich_entry(int entry) const
 {
-    const int offset = entry - dec_spec_ * rows_;
-    const int line = offset % rows_ + 1, column = offset / rows_ * column_width + 2;
+    const int offset = entry - list_.dec_obj;
+    const int line = offset % list_.rows + 1, column = offset / list_.rows * column_width + 2;
     const int room = std::min(column_width, y2_win - y1_win - column + 2);
     if (room <= 0) return;
     const auto write = [&](int from, const std::string& text) {
@@ -106,7 +105,7 @@ void ReorderScreen::affich_entry(int entry) const
     const std::string name(identifier(species));
     const std::string shown = typed + text_format(" [%4d] %.24s ", entry + 1, name.c_str());
     select_color_groupe(group);
-    select_bk_color_groupe(group, entry == current_);
+    select_bk_color_groupe(group, entry == list_.current);
     write(0, shown);
     _setbgcolor(color::black);
     // What a longer entry left behind.
@@ -115,54 +114,41 @@ void ReorderScreen::affich_entry(int entry) const
 
 // ---- moving -----------------------------------------------------------------------------------------------
 
-void ReorderScreen::move(int entries)
-{
-    current_ += entries;
-    if (current_ < dec_spec_ * rows_) {
-        if (dec_spec_ > 0)
-            dec_spec_--;
-        else
-            current_ = 0;
-    }
-    current_ = std::min(current_, nb_spec_gro - 1);
-    if (current_ >= dec_spec_ * rows_ + entries_shown()) dec_spec_++;
-}
-
 void ReorderScreen::up(int)
 {
-    move(-1);
+    list_.move(-1, nb_spec_gro);
 }
 
 void ReorderScreen::down(int)
 {
-    move(1);
+    list_.move(1, nb_spec_gro);
 }
 
 void ReorderScreen::left(int)
 {
-    move(-rows_);
+    list_.move(-list_.rows, nb_spec_gro);
 }
 
 void ReorderScreen::right(int)
 {
-    move(rows_);
+    list_.move(list_.rows, nb_spec_gro);
 }
 
 void ReorderScreen::page_up(int)
 {
-    move(-entries_of_a_page);
+    list_.move(-entries_of_a_page, nb_spec_gro);
 }
 
 void ReorderScreen::page_down(int)
 {
-    move(entries_of_a_page);
+    list_.move(entries_of_a_page, nb_spec_gro);
 }
 
 // ---- numbers ----------------------------------------------------------------------------------------------
 
 void ReorderScreen::digit(int key)
 {
-    int& number = new_order_[static_cast<std::size_t>(current_)];
+    int& number = new_order_[static_cast<std::size_t>(list_.current)];
     number = (number == no_number ? 0 : number * 10) + (key - '0');
     if (number > nb_retenu) {
         ring_bell();
@@ -172,7 +158,7 @@ void ReorderScreen::digit(int key)
 
 void ReorderScreen::erase_digit(int)
 {
-    int& number = new_order_[static_cast<std::size_t>(current_)];
+    int& number = new_order_[static_cast<std::size_t>(list_.current)];
     number = number < 10 ? no_number : number / 10;
 }
 
@@ -189,7 +175,7 @@ int ReorderScreen::order_specie()
 
 void ReorderScreen::information(int)
 {
-    affich_info(cor[static_cast<std::size_t>(current_)], list_without_group);
+    affich_info(cor[static_cast<std::size_t>(list_.current)], list_without_group);
     affich_screen();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "screen/bindings.h"
+#include "taxonomy/column_list.h"
 #include "taxonomy/tree_draw.h"
 
 #include <vector>
@@ -35,16 +36,12 @@ public:
 private:
     int order_specie();
     void begin();
-    void move(int entries);
     void affich_screen() const;
     void affich_list() const;
     void affich_entry(int entry) const;
-    int entries_shown() const { return rows_ * columns_; }
 
     std::vector<int> new_order_; // the number typed beside each entry
-    int dec_spec_ = 0;           // first column shown
-    int current_ = 0;
-    int rows_, columns_; // of the list on the screen
+    ColumnList list_;            // of the selection by rank
     bool closed_ = false;
 };
 

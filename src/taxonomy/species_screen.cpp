@@ -73,8 +73,8 @@ void choice_specie(int group)
 
 SpeciesScreen::SpeciesScreen(int group)
     : group_(group)
-    , rows_(std::max(1, _nb_line - lines_around_list))
-    , columns_(first_list_column + column_width + entry_width - 1 < _nb_col ? full_columns : 1)
+    , list_{.rows = std::max(1, _nb_line - lines_around_list),
+            .columns = first_list_column + column_width + entry_width - 1 < _nb_col ? full_columns : 1}
 {
 }
 
@@ -84,7 +84,7 @@ void SpeciesScreen::run()
     while (!left_) {
         const auto* binding = species_keys.find(GrKeyRead());
         if (!binding) continue;
-        color_case_specie(current_, false);
+        color_case_specie(list_.current, false);
         const SpeciesRedraw redraw = binding->run(*this);
         check_invariants();
         if (!left_) draw(redraw);
@@ -93,7 +93,7 @@ void SpeciesScreen::run()
 
 int SpeciesScreen::current_species() const
 {
-    return cor[static_cast<std::size_t>(current_)];
+    return cor[static_cast<std::size_t>(list_.current)];
 }
 
 // The list, as moves between groups take it.
@@ -106,7 +106,7 @@ int SpeciesScreen::list_of_moves() const
 SpeciesRedraw SpeciesScreen::to_top()
 {
     if (nb_spec_gro == 0) return leave();
-    current_ = dec_spec_ = 0;
+    list_.current = list_.dec_obj = 0;
     return SpeciesRedraw::screen;
 }
 
@@ -129,7 +129,7 @@ void SpeciesScreen::draw(SpeciesRedraw redraw)
     if (redraw == SpeciesRedraw::screen) affich_choice_specie();
     if (redraw >= SpeciesRedraw::list) affich_liste_specie();
     if (redraw == SpeciesRedraw::ranks) affich_liste_position();
-    color_case_specie(current_, true);
+    color_case_specie(list_.current, true);
 }
 
 void SpeciesScreen::affich_choice_specie() const
@@ -149,8 +149,7 @@ void SpeciesScreen::affich_choice_specie() const
 
 void SpeciesScreen::affich_liste_specie() const
 {
-    const int first = dec_spec_ * rows_;
-    for (int entry = first; entry < first + entries_shown(); entry++) {
+    for (int entry = list_.dec_obj; entry < list_.end_of_view(); entry++) {
         if (entry < nb_spec_gro)
             color_case_specie(entry, false);
         else
@@ -160,8 +159,7 @@ void SpeciesScreen::affich_liste_specie() const
 
 void SpeciesScreen::affich_liste_position() const
 {
-    const int first = dec_spec_ * rows_;
-    for (int entry = first; entry < std::min(first + entries_shown(), nb_spec_gro); entry++) {
+    for (int entry = list_.dec_obj; entry < std::min(list_.end_of_view(), nb_spec_gro); entry++) {
         const int species = cor[static_cast<std::size_t>(entry)];
         select_color_groupe(no_groupe[static_cast<std::size_t>(species)]);
         write_entry(entry, status_field(species));
@@ -181,9 +179,9 @@ void SpeciesScreen::color_case_specie(int entry, bool on) const
 // Writes at the entry's place, if it is shown, what the window has room for.
 void SpeciesScreen::write_entry(int entry, std::string_view text) const
 {
-    const int offset = entry - dec_spec_ * rows_;
-    if (offset < 0 || offset >= entries_shown()) return;
-    const int line = offset % rows_ + 1, column = offset / rows_ * column_width + 1;
+    if (entry < list_.dec_obj || entry >= list_.end_of_view()) return;
+    const int offset = entry - list_.dec_obj;
+    const int line = offset % list_.rows + 1, column = offset / list_.rows * column_width + 1;
     const int room = std::max(0, y2_win - y1_win + 2 - column);
     _settextposition(line, column);
     _outtext(text.substr(0, static_cast<std::size_t>(room)));
@@ -193,17 +191,9 @@ void SpeciesScreen::write_entry(int entry, std::string_view text) const
 
 SpeciesRedraw SpeciesScreen::move(int entries)
 {
-    const int first_column = dec_spec_;
-    current_ += entries;
-    if (current_ < dec_spec_ * rows_) {
-        if (dec_spec_ > 0)
-            dec_spec_--;
-        else
-            current_ = 0;
-    }
-    current_ = std::min(current_, nb_spec_gro - 1);
-    if (current_ >= dec_spec_ * rows_ + entries_shown()) dec_spec_++;
-    return dec_spec_ == first_column ? SpeciesRedraw::cursor : SpeciesRedraw::list;
+    const int first_column = list_.dec_spec();
+    list_.move(entries, nb_spec_gro);
+    return list_.dec_spec() == first_column ? SpeciesRedraw::cursor : SpeciesRedraw::list;
 }
 
 SpeciesRedraw SpeciesScreen::up()
@@ -228,23 +218,23 @@ SpeciesRedraw SpeciesScreen::page_down()
 
 SpeciesRedraw SpeciesScreen::left()
 {
-    return move(-rows_);
+    return move(-list_.rows);
 }
 
 SpeciesRedraw SpeciesScreen::right()
 {
-    return move(rows_);
+    return move(list_.rows);
 }
 
 SpeciesRedraw SpeciesScreen::next_of_another_ensemble()
 {
-    const auto rest = working_list().subspan(static_cast<std::size_t>(current_) + 1);
+    const auto rest = working_list().subspan(static_cast<std::size_t>(list_.current) + 1);
     const auto found = std::ranges::find_if(
         rest, [](int species) { return drap_select[static_cast<std::size_t>(species)] == 0; });
     if (found == rest.end()) return SpeciesRedraw::cursor;
-    current_ += 1 + static_cast<int>(found - rest.begin());
+    list_.current += 1 + static_cast<int>(found - rest.begin());
     // Its column is the second one shown, where there are two.
-    dec_spec_ = std::max(0, current_ / rows_ - (columns_ - 1));
+    list_.dec_obj = std::max(0, list_.current / list_.rows - (list_.columns - 1)) * list_.rows;
     return SpeciesRedraw::list;
 }
 
@@ -256,13 +246,13 @@ SpeciesRedraw SpeciesScreen::toggle_selection()
     const int species = current_species();
     toggle_many({&species, 1});
     const auto redraw = nb_retenu < selected_before ? SpeciesRedraw::ranks : SpeciesRedraw::cursor;
-    color_case_specie(current_, false);
+    color_case_specie(list_.current, false);
     return std::max(redraw, move(1));
 }
 
 SpeciesRedraw SpeciesScreen::toggle_hundred()
 {
-    const auto rest = working_list().subspan(static_cast<std::size_t>(current_));
+    const auto rest = working_list().subspan(static_cast<std::size_t>(list_.current));
     toggle_many(rest.first(std::min<std::size_t>(species_of_a_block, rest.size())));
     return leave();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "screen/bindings.h"
+#include "taxonomy/column_list.h"
 
 #include <functional>
 #include <string_view>
@@ -57,7 +58,6 @@ private:
     int current_species() const;
     int list_of_moves() const;
     SpeciesRedraw to_top();
-    int entries_shown() const { return rows_ * columns_; }
     SpeciesRedraw move(int entries);
     void draw(SpeciesRedraw redraw);
     void affich_choice_specie() const;
@@ -67,9 +67,7 @@ private:
     void write_entry(int entry, std::string_view text) const;
 
     int group_;
-    int dec_spec_ = 0; // first column shown
-    int current_ = 0;
-    int rows_, columns_; // of the list on the screen
+    ColumnList list_; // of the working list
     bool left_ = false;
 };
 
