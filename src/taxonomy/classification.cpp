@@ -6,28 +6,31 @@
 #include "taxonomy/text_file.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace kq {
 
 namespace {
 
-constexpr std::string_view classification_tag = "[SYS]";
+constexpr std::size_t longest_classification = 10000; // characters; real ones have hundreds
 
-// Takes the lines of a classification off the front of `text`, which begins with the first of them.
-std::string joined_lines(std::string_view text)
+bool has_classification(std::string_view line)
 {
-    std::string joined(take_line(text));
-    while (!text.empty() && !text.starts_with('[')) {
-        joined += ' ';
-        joined += take_line(text);
-    }
-    return joined;
+    return line.find("[SYS]") != std::string_view::npos;
 }
 
-std::size_t line_start(std::string_view text, std::size_t position)
+// The classification that these lines begin with.
+std::string joined(std::span<const std::string_view> lines)
 {
-    const std::size_t newline = text.substr(0, position).rfind('\n');
-    return newline == std::string_view::npos ? 0 : newline + 1;
+    std::string text;
+    for (const std::string_view line : lines) {
+        if (line.empty() || (!text.empty() && line.starts_with('['))) break;
+        if (!text.empty()) text += ' ';
+        text += line;
+        if (text.size() > longest_classification) text.resize(longest_classification);
+        if (text.size() == longest_classification) break;
+    }
+    return text;
 }
 
 } // namespace
@@ -38,34 +41,37 @@ std::string_view accession_of(std::string_view identifier)
     return at == std::string_view::npos ? std::string_view{} : identifier.substr(at + 1);
 }
 
+std::string classification_in(std::span<const std::string_view> lines)
+{
+    return joined({std::ranges::find_if(lines, has_classification), lines.end()});
+}
+
 std::string classification_of(std::string_view inf, std::string_view accession)
 {
-    if (accession.empty()) return "";
-    const std::size_t found = inf.find(accession);
-    const std::size_t end = found == std::string_view::npos ? found : inf.find('\n', found);
-    if (end == std::string_view::npos) return "";
-    const std::size_t tag = inf.find(classification_tag, end + 1);
-    return tag == std::string_view::npos ? "" : joined_lines(inf.substr(line_start(inf, tag)));
+    const std::size_t found = accession.empty() ? std::string_view::npos : inf.find(accession);
+    if (found == std::string_view::npos) return "";
+    inf.remove_prefix(found);
+    take_line(inf);
+    std::vector<std::string_view> lines;
+    while (!inf.empty() && (lines.empty() || !lines.back().empty()))
+        lines.push_back(take_line(inf));
+    return classification_in(lines);
 }
 
 std::vector<std::string> classifications_of(std::string_view inf,
                                             std::span<const std::string_view> accessions)
 {
     std::vector<std::string_view> lines;
-    std::vector<std::size_t> starts, tagged; // of all lines; of those with the tag
-    for (std::string_view rest = inf; !rest.empty();) {
-        starts.push_back(inf.size() - rest.size());
-        lines.push_back(take_line(rest));
-        if (lines.back().find(classification_tag) != std::string_view::npos) tagged.push_back(starts.back());
+    std::vector<std::ptrdiff_t> stops; // lines with a classification, lines that close a record
+    while (!inf.empty()) {
+        const std::string_view line = take_line(inf);
+        if (line.empty() || has_classification(line)) stops.push_back(std::ssize(lines));
+        lines.push_back(line);
     }
     std::vector<std::string> classifications;
     for (const int line : first_containing(accessions, lines)) {
-        if (line < 0) {
-            classifications.emplace_back();
-            continue;
-        }
-        const auto next = std::ranges::upper_bound(tagged, starts[static_cast<std::size_t>(line)]);
-        classifications.push_back(next == tagged.end() ? "" : joined_lines(inf.substr(*next)));
+        const auto stop = line < 0 ? stops.end() : std::ranges::upper_bound(stops, line);
+        classifications.push_back(stop == stops.end() ? "" : joined({lines.begin() + *stop, lines.end()}));
     }
     return classifications;
 }

@@ -11,9 +11,13 @@ namespace kq {
 // The accession in an identifier: the text after its first "@"; empty when there is none.
 std::string_view accession_of(std::string_view identifier);
 
-// The classification of an accession in the text of a .inf file: of the lines after the first one that
-// contains the accession, the first that contains "[SYS]", joined by blanks with the lines that follow it up
-// to one that begins with "[". Empty when there is no such line, or no accession.
+// The classification in these lines: the first that contains "[SYS]", joined by blanks with those that follow
+// it, up to an empty one or one that begins with "["; of endless ones the beginning. Empty when there is
+// none.
+std::string classification_in(std::span<const std::string_view> lines);
+// The classification of an accession in the text of a .inf file: that behind the first line with the
+// accession, before the empty line that closes its record. Deliberate: no species gets the group of the next
+// record when its own has no classification.
 std::string classification_of(std::string_view inf, std::string_view accession);
 // The same for each of many accessions, in one pass over the text.
 std::vector<std::string> classifications_of(std::string_view inf,

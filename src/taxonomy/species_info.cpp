@@ -54,18 +54,6 @@ std::vector<std::string> info_rows(int species, InfRecord& record)
     return rows;
 }
 
-// The lines of the record's classification, joined.
-std::string classification(const std::vector<std::string>& lines)
-{
-    auto line = std::ranges::find_if(
-        lines, [](const std::string& text) { return text.find("[SYS]") != std::string::npos; });
-    if (line == lines.end()) return "";
-    std::string text = *line;
-    while (++line != lines.end() && !line->starts_with('['))
-        text += ' ' + *line;
-    return text;
-}
-
 } // namespace
 
 int affich_info(int species, int group)
@@ -79,7 +67,8 @@ int affich_info(int species, int group)
         return 0;
     }
     if (show_text_box(rows, legend) != key::f8) return 0;
-    const std::string text = classification(record.lines);
+    const std::vector<std::string_view> lines(record.lines.begin(), record.lines.end());
+    const std::string text = classification_in(lines);
     return !text.empty() && change_groupe(species, group, MoveHow::reported, text) == ok ? 1 : 0;
 }
 

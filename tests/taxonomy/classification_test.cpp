@@ -17,12 +17,12 @@ TEST(Classification, IsTheNextOneBehindTheAccession)
         const char* text;
     } cases[] = {
         {"X1", "[SYS] Eukaryota; Metazoa; Mammalia; Homo."},
-        {"X12", "see [SYS] Bacteria; Bacillus. "},
-        {"X3", "see [SYS] Bacteria; Bacillus. "},
+        {"X12", "see [SYS] Bacteria; Bacillus."},
+        {"X3", "see [SYS] Bacteria; Bacillus."},
         {"1", "[SYS] Eukaryota; Metazoa; Mammalia; Homo."}, // the first line with it
-        {"none", "see [SYS] Bacteria; Bacillus. "},
-        {"Metazoa", "see [SYS] Bacteria; Bacillus. "}, // behind the line, not in it
-        {"Bacillus.", "[SYS] of nobody"},
+        {"none", "see [SYS] Bacteria; Bacillus."},
+        {"Metazoa", ""}, // behind the line, not in it; the next record's is not its own
+        {"Bacillus.", ""},
         {"Z9", ""},
         {"X4", ""},
         {"", ""},
@@ -30,6 +30,10 @@ TEST(Classification, IsTheNextOneBehindTheAccession)
     for (const auto& [accession, text] : cases)
         EXPECT_EQ(classification_of(inf, accession), text) << accession;
     EXPECT_EQ(classification_of("", "X1"), "");
+    std::string endless = "[ACC] X1\n[SYS] a;";
+    for (int i = 0; i < 100000; i++)
+        endless += "\nline " + std::to_string(i);
+    EXPECT_LE(classification_of(endless, "X1").size(), 10000U);
     EXPECT_EQ(accession_of("Homo sapiens@X1@2"), "X1@2");
     EXPECT_EQ(accession_of("Homo sapiens@"), "");
     EXPECT_EQ(accession_of("Homo sapiens"), "");
