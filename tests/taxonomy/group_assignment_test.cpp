@@ -253,22 +253,6 @@ TEST_F(Assignment, ABatchIsAsManySingleMoves)
     EXPECT_GT(moved, 60);
 }
 
-TEST_F(Assignment, RealSpeciesFindTheirGroups)
-{
-    load(ssu_small);
-    file_ALI = "ssu_small.ali";
-    write_file("seq/ssu_small.inf", read_bytes(KQ_SOURCE_DIRECTORY "/demo/ZOLT/seq/ssu_small.inf"));
-    list_species_of_group(cupboard());
-    EXPECT_EQ(working_names().size(), 2U);
-    const std::vector<int> unassigned(working_list().begin(), working_list().end());
-    EXPECT_EQ(change_groupe_auto_list(cupboard()), 2);
-    EXPECT_EQ(nb_spec_gro, 0);
-    EXPECT_EQ(group_of(unassigned[0]) + " " + group_of(unassigned[1]), "Cyanobacteria Deferribacteres");
-    const auto groups_now = no_groupe;
-    read_file_NOM();
-    EXPECT_EQ(no_groupe, groups_now);
-}
-
 // Moves from the editor leave in memory what the file will give back.
 TEST_F(Assignment, MemoryIsWhatTheFileSays)
 {
