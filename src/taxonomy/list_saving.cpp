@@ -80,8 +80,10 @@ private:
     {
         fill_in();
         if (at_ == name_field) {
-            if (const auto fault = list_name_fault(text(name_field)); !fault.empty())
+            if (const auto fault = list_name_fault(text(name_field)); !fault.empty()) {
+                draw(); // without what an earlier fault has left on the frame
                 return refuse_field(fault);
+            }
         }
         at_++;
         if (at_ == field_count && !save()) {

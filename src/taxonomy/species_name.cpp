@@ -38,27 +38,31 @@ bool two_words(std::string_view name)
     return std::ranges::count(name, ' ') == 1 && name.front() != ' ' && name.back() != ' ';
 }
 
+// What is wrong with a name of two words or more; empty when nothing is.
+std::string name_fault(std::string_view name)
+{
+    if (!two_words(name)) return "Genus, one blank, species";
+    return can_be_kept(name) ? "" : "No @ , #NEW# #MASKED#";
+}
+
 // Edits the name in its box; false when the user gives up.
 bool ask_for_name(std::string& name)
 {
-    _setbgcolor(color::black);
-    window_hp(box_line, 30, box_line + 2, 90, color::cyan);
-    const int field = outtext_prompt(2, "New species name:", 21);
-    bool accepted = false;
-    while (!accepted) {
-        const int pressed = input_texte(name, longest_name, 2, field);
-        const bool given_up = name.find(' ') == std::string::npos;
-        if (pressed == key::escape || (pressed == key::enter && given_up)) break;
-        if (pressed != key::enter) continue;
-        if (!two_words(name))
-            refuse_field("Genus, one blank, species");
-        else if (!can_be_kept(name))
-            refuse_field("No @ , #NEW# #MASKED#");
-        else
-            accepted = true;
-    }
+    std::string fault;
+    int pressed = 0;
+    do {
+        _setbgcolor(color::black);
+        window_hp(box_line, 30, box_line + 2, 90, color::cyan);
+        const int field = outtext_prompt(2, "New species name:", 21);
+        if (!fault.empty()) refuse_field(fault);
+        do {
+            pressed = input_texte(name, longest_name, 2, field);
+        } while (pressed != key::enter && pressed != key::escape);
+        if (name.find(' ') == std::string::npos) pressed = key::escape;
+        fault = name_fault(name);
+    } while (pressed != key::escape && !fault.empty());
     _clearscreen(1);
-    return accepted;
+    return pressed == key::enter;
 }
 
 // The name's line in the species-to-group file.

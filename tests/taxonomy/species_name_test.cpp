@@ -56,6 +56,8 @@ TEST_F(SpeciesName, HasTwoWords)
         EXPECT_EQ(identifier(0), c.after) << c.what;
         EXPECT_EQ(modif == 0, c.result == 0) << c.what;
     }
+    rename("Ant alpha@P1", "\" K12\" Enter BackSpace*4 , Enter");
+    EXPECT_EQ(line(7), std::string(19, ' ') + "+- No @ , #NEW# #MASKED# " + std::string(35, '-') + '+');
     rename("Ant alpha@P1", "\" K12\" Enter");
     EXPECT_SCREEN("species_name");
 }
