@@ -32,6 +32,7 @@ public:
         // A field placed beyond the window's edge (a box made for a wider screen) moves into it.
         if (column_ >= width) column_ = std::max(1, width - std::min(max_length + 1, 7));
         room_ = static_cast<std::size_t>(std::max(1, width - column_));
+        drawn_ = std::min(text.size(), room_); // a field that was left here and is entered again
     }
 
     // Shows the text with the block cursor and waits for a key.
@@ -105,7 +106,7 @@ private:
     std::size_t cursor_;     // insertion point, an index into the text
     std::size_t offset_ = 0; // first character shown
     std::size_t room_ = 1;   // cells
-    std::size_t drawn_ = 0;  // characters on the screen
+    std::size_t drawn_;      // characters on the screen
 };
 
 bool ends_text(int pressed)
