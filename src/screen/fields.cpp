@@ -163,10 +163,11 @@ bool number_shape(std::string_view text, bool with_point)
     return points <= (with_point ? 1 : 0) && text.find_first_not_of("0123456789.") == std::string_view::npos;
 }
 
-// Edits a number's text until `store` accepts it or ESCAPE is pressed.
+// Edits a number's text until `store` accepts it or ESCAPE is pressed; `bounds` says which numbers it
+// accepts.
 template <class Store>
 int input_number(std::string text, std::string_view extra_characters, int max_length, int line, int column,
-                 Store store)
+                 Store store, const std::string& bounds)
 {
     LineField field(text, max_length, line, column);
     for (;;) {
@@ -175,6 +176,7 @@ int input_number(std::string text, std::string_view extra_characters, int max_le
             field.leave();
             return pressed;
         }
+        if (ends_number(pressed)) refuse_field(bounds);
         const bool character = pressed >= '0' && pressed <= '9';
         if (character ||
             (pressed < 127 && extra_characters.find(static_cast<char>(pressed)) != std::string_view::npos))
@@ -208,16 +210,19 @@ int verif_float(std::string_view text, float& value, float min, float max)
 
 int input_int(int& value, int min, int max, int line, int column)
 {
-    return input_number(value == 0 ? "" : text_format("%d", value), "-", int_field_length, line, column,
-                        [&](std::string_view text) { return verif_int(text, value, min, max) == 0; });
+    return input_number(
+        value == 0 ? "" : text_format("%d", value), "-", int_field_length, line, column,
+        [&](std::string_view text) { return verif_int(text, value, min, max) == 0; },
+        text_format("%d to %d", min, max));
 }
 
 int input_float(float& value, float min, float max, int line, int column)
 {
     const bool zero = value >= 0 && value <= 0;
-    return input_number(zero ? "" : text_format("%.2f", static_cast<double>(value)), "-.", float_field_length,
-                        line, column,
-                        [&](std::string_view text) { return verif_float(text, value, min, max) == 0; });
+    return input_number(
+        zero ? "" : text_format("%.2f", static_cast<double>(value)), "-.", float_field_length, line, column,
+        [&](std::string_view text) { return verif_float(text, value, min, max) == 0; },
+        text_format("%g to %g", static_cast<double>(min), static_cast<double>(max)));
 }
 
 // ---- single fields ----------------------------------------------------------------------------------------

@@ -72,6 +72,8 @@ TEST_F(Fields, ALongTextScrollsSideways)
     play("Left*18 X Enter", [&] { input_texte(text, 60, 2, 5); });
     EXPECT_EQ(text, "01X23456789abcdefghij");
     EXPECT_EQ(line(6), std::string(9, ' ') + "|   01X23456789abcde|");
+    play("", [&] { input_texte(text, 60, 2, 5); });
+    EXPECT_EQ(line(6), std::string(9, ' ') + "|   56789abcdefghij |") << "entered again";
 }
 
 TEST_F(Fields, IntegerTexts)
@@ -146,6 +148,18 @@ TEST_F(Fields, NumberKeys)
     real = 0;
     play("Enter", [&] { input_float(real, 1, 2, 6, 3); });
     EXPECT_EQ(line(6), "") << "zero is an empty field, and out of these bounds";
+}
+
+TEST_F(Fields, ANumberOutOfBoundsIsToldWhatIsAccepted)
+{
+    window_hp(5, 10, 7, 40, color::cyan);
+    int value = 0;
+    play("\"201\" Enter", [&] { input_int(value, 20, 200, 2, 5); });
+    EXPECT_EQ(line(7), std::string(9, ' ') + "+- 20 to 200 -----------------+");
+    window_hp(5, 10, 7, 40, color::cyan);
+    float real = 3;
+    play("Enter", [&] { input_float(real, 0.5f, 1, 2, 5); });
+    EXPECT_EQ(line(7), std::string(9, ' ') + "+- 0.5 to 1 ------------------+");
 }
 
 TEST_F(Fields, FileNamesAreCheckedAndCompleted)
