@@ -15,11 +15,11 @@ constinit int nb_nuc = 0;
 
 namespace {
 
-constexpr unsigned char hidden = 255, shown = 0, sentinel = 1;
+constexpr unsigned char sentinel = 1;
 
 int count_hidden(int columns)
 {
-    return static_cast<int>(std::count(delcom, delcom + columns, hidden));
+    return static_cast<int>(std::count(delcom, delcom + columns, column_hidden));
 }
 
 } // namespace
@@ -42,7 +42,7 @@ bool columns_reserve(int columns)
 
 void columns_extend(int old_columns, int columns)
 {
-    std::memset(delcom + old_columns, shown, static_cast<std::size_t>(columns - old_columns));
+    std::memset(delcom + old_columns, column_shown, static_cast<std::size_t>(columns - old_columns));
     delcom[columns] = sentinel;
     nb_nuc += columns - old_columns;
 }
@@ -60,7 +60,7 @@ int recompute_hidden(bool show_all, int position)
     const int watched = std::clamp(position + 1, 0, nb_nuc_tot);
     const int before = count_hidden(watched);
     if (show_all) {
-        std::memset(delcom, shown, static_cast<std::size_t>(nb_nuc_tot));
+        std::memset(delcom, column_shown, static_cast<std::size_t>(nb_nuc_tot));
     } else {
         const auto& counts = column_counts(CountedSet::ensembles);
         const auto all = static_cast<std::uint32_t>(counts.members());
@@ -68,7 +68,8 @@ int recompute_hidden(bool show_all, int position)
             const auto* gaps = counters.row(code_gap);
             const auto* blanks = counters.row(counts.codes());
             for (int p = 0; p < nb_nuc_tot; p++)
-                delcom[p] = static_cast<std::uint32_t>(gaps[p]) + blanks[p] == all ? hidden : shown;
+                delcom[p] =
+                    static_cast<std::uint32_t>(gaps[p]) + blanks[p] == all ? column_hidden : column_shown;
         });
     }
     delcom[nb_nuc_tot] = sentinel;

@@ -5,8 +5,9 @@
 
 namespace kq {
 
-// One byte a column: 255 = hidden, 0 = shown; the byte at nb_nuc_tot is a sentinel of value 1. Null while
-// nothing is loaded.
+inline constexpr unsigned char column_hidden = 255, column_shown = 0;
+// One of these for each column; the byte at nb_nuc_tot is a sentinel of value 1. Null while nothing is
+// loaded.
 extern unsigned char* delcom;
 extern int nb_nuc; // number of columns shown
 
@@ -21,8 +22,7 @@ void columns_extend(int old_columns, int columns);
 void columns_release();
 
 // Recomputes delcom and nb_nuc: hidden = every species of every ensemble has a gap-class character ("*",
-// blank, "$",
-// "-") there. With show_all every column is shown. Returns how many hidden columns at or before
+// blank, "$", "-") there. With show_all every column is shown. Returns how many hidden columns at or before
 // `position` stopped being hidden minus how many became hidden. nb_nuc may become 0: the caller decides what
 // that means.
 int recompute_hidden(bool show_all, int position);

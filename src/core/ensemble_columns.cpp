@@ -1,10 +1,12 @@
 // model: the hidden columns of a list of ensembles.
 #include "core/ensemble_columns.h"
 
+#include "core/columns.h"
 #include "core/residues.h"
 #include "core/store.h"
 
 #include <numeric>
+#include <utility>
 
 namespace kq {
 
@@ -17,24 +19,32 @@ std::vector<int> all_ensembles()
 
 std::vector<unsigned char> hidden_columns(std::span<const int> ensembles, bool show_all)
 {
-    constexpr unsigned char hidden = 255, shown = 0;
-    const auto columns = static_cast<std::size_t>(nb_nuc_tot);
-    if (show_all) return std::vector<unsigned char>(columns, shown);
+    const auto count = static_cast<std::size_t>(nb_nuc_tot);
+    if (show_all) return std::vector<unsigned char>(count, column_shown);
 
-    std::vector<unsigned char> flags(columns, hidden);
-    // The columns without a residue so far. A few rows settle most of them, the other rows look at the rest.
-    std::vector<std::size_t> open(columns);
-    std::iota(open.begin(), open.end(), std::size_t{0});
+    std::vector<int> species, columns(count);
     for (const int ensemble : ensembles)
-        for (const int species : members(ensemble)) {
-            const auto text = row(species);
-            std::erase_if(open, [&](std::size_t p) {
-                if (p >= text.size() || is_gap_class(text[p])) return false;
-                flags[p] = shown;
-                return true;
-            });
-        }
+        species.insert(species.end(), members(ensemble).begin(), members(ensemble).end());
+    std::iota(columns.begin(), columns.end(), 0);
+    std::vector<unsigned char> flags(count, column_hidden);
+    mark_occupied(species, std::move(columns), flags, column_shown);
     return flags;
+}
+
+// A few rows settle most of the columns, so that the others are asked about the rest only.
+void mark_occupied(std::span<const int> species, std::vector<int> columns, std::vector<unsigned char>& flags,
+                   unsigned char mark)
+{
+    for (const int s : species) {
+        if (columns.empty()) return;
+        const auto text = row(s);
+        std::erase_if(columns, [&](int column) {
+            const auto c = static_cast<std::size_t>(column);
+            if (c >= text.size() || is_gap_class(text[c])) return false;
+            flags[c] = mark;
+            return true;
+        });
+    }
 }
 
 } // namespace kq

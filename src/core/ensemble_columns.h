@@ -10,9 +10,13 @@ namespace kq {
 // Every ensemble there is, in order.
 std::vector<int> all_ensembles();
 
-// One flag for each of the nb_nuc_tot columns: 255 = hidden, because every species of every listed ensemble
-// has a gap-class character ("*", blank, "$", "-") there; 0 = shown. With show_all every column is shown.
+// column_hidden or column_shown for each of the nb_nuc_tot columns: hidden where every species of every
+// listed ensemble has a gap-class character ("*", blank, "$", "-"). With show_all every column is shown.
 // Without a single species every column is hidden.
 std::vector<unsigned char> hidden_columns(std::span<const int> ensembles, bool show_all);
+
+// Sets flags[column] to `mark` for those of the columns in which any of the species holds a residue.
+void mark_occupied(std::span<const int> species, std::vector<int> columns, std::vector<unsigned char>& flags,
+                   unsigned char mark);
 
 } // namespace kq

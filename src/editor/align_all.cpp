@@ -2,8 +2,8 @@
 #include "editor/align_all.h"
 
 #include "core/edit.h"
+#include "core/ensemble_columns.h"
 #include "core/options.h"
-#include "core/residues.h"
 #include "core/store.h"
 #include "editor/editing.h"
 #include "editor/navigation.h"
@@ -23,24 +23,6 @@ namespace kq {
 
 namespace {
 
-using Marks = std::vector<unsigned char>;
-
-// Marks those of the columns in which any of the species holds a residue. Most are soon found, so that few
-// species are asked about many columns.
-void mark_occupied(std::span<const int> species, std::vector<int> columns, Marks& marks)
-{
-    for (const int s : species) {
-        if (columns.empty()) return;
-        const auto text = row(s);
-        std::erase_if(columns, [&](int column) {
-            const auto c = static_cast<std::size_t>(column);
-            if (c >= text.size() || is_gap_class(text[c])) return false;
-            marks[c] = 1;
-            return true;
-        });
-    }
-}
-
 // Which of the shown columns hold residues of the aligned rows, and which of others.
 void mark_columns(std::span<const int> aligned, std::span<const int> others, AlignedRows& rows)
 {
@@ -49,7 +31,7 @@ void mark_columns(std::span<const int> aligned, std::span<const int> others, Ali
         shown.push_back(p);
     rows.occupied_by_own.assign(static_cast<std::size_t>(nb_nuc_tot), 0);
     rows.occupied_by_others.assign(static_cast<std::size_t>(nb_nuc_tot), 0);
-    mark_occupied(aligned, shown, rows.occupied_by_own);
+    mark_occupied(aligned, shown, rows.occupied_by_own, 1);
     for (const int p : shown) {
         const auto c = static_cast<std::size_t>(p);
         if (rows.occupied_by_own[c])
@@ -57,7 +39,7 @@ void mark_columns(std::span<const int> aligned, std::span<const int> others, Ali
         else
             rows.occupied_by_others[c] = 1; // or it would be hidden
     }
-    mark_occupied(others, std::move(own), rows.occupied_by_others);
+    mark_occupied(others, std::move(own), rows.occupied_by_others, 1);
 }
 
 // What can be aligned without looking at it between two steps; false when the rows depend on each other, or

@@ -8,28 +8,22 @@
 
 namespace kq {
 
-namespace {
-
-constexpr unsigned char hidden = 255;
-
-} // namespace
-
 int shown_between(int first, int last)
 {
     if (last <= first) return 0;
-    return static_cast<int>(std::count(delcom + first, delcom + last, 0));
+    return static_cast<int>(std::count(delcom + first, delcom + last, column_shown));
 }
 
 int next_shown(int position)
 {
-    while (position < nb_nuc_tot && delcom[position] == hidden)
+    while (position < nb_nuc_tot && delcom[position] == column_hidden)
         position++;
     return position;
 }
 
 int previous_shown(int position)
 {
-    while (position >= 0 && delcom[position] == hidden)
+    while (position >= 0 && delcom[position] == column_hidden)
         position--;
     return position;
 }
