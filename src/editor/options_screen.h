@@ -10,7 +10,7 @@ void affich_cadre_config_affiche();
 void affich_config_affiche();
 
 // The palette editor: moves residue letters of the current molecule type from one colour class to another.
-// F5 keeps the changes; ESCAPE restores what the file holds, also when the file could not be written.
+// F5 keeps the changes; ESCAPE restores them, also when the file could not be written.
 void choice_palette();
 // The letters of each colour class in the text window of the palette editor, without their first `skipped`.
 void affich_palette(int skipped = 0);

@@ -101,15 +101,4 @@ void search_species(int excluded, int scope)
     }
 }
 
-void similarity_reset()
-{
-    set_pattern("");
-    sim.fill(-1);
-    posi.fill(0);
-    tophits = 0;
-    sim_tous.fill(-1);
-    posi_tous.fill(0);
-    esp_tous.fill(-1);
-}
-
 } // namespace kq

@@ -43,6 +43,4 @@ void search_species(int excluded, int scope);
 // The text of a species that is searched: what lies beyond nb_nuc_tot is not.
 std::string_view searched_text(int species);
 
-void similarity_reset(); // no pattern, no hits
-
 } // namespace kq

@@ -18,10 +18,10 @@ namespace {
 
 class SimilarityTest : public EditorTest {
 public:
-    explicit SimilarityTest(const test::Geometry& geometry = {})
-        : EditorTest(geometry)
+    SimilarityTest()
+        : EditorTest({})
     {
-        similarity_reset();
+        set_pattern("");
         allocate_buffer();
     }
 
@@ -35,14 +35,6 @@ public:
             store_put(species, name, rows[static_cast<std::size_t>(species)], false, false);
         }
         counts_forget();
-    }
-};
-
-class SmallSimilarityTest : public SimilarityTest {
-public:
-    SmallSimilarityTest()
-        : SimilarityTest({.lines = 20, .columns = 20})
-    {
     }
 };
 
@@ -246,17 +238,9 @@ TEST_F(SimilarityTest, FortyHitsArePaged)
     EXPECT_EQ(sequence(2), "*****ACGU" + std::string(42, '*')) << "paging does not leave, a comma applies";
 }
 
-TEST_F(SimilarityTest, OneSpeciesHasNoHits)
+TEST_F(SimilarityTest, BoxesFitSmallWindows)
 {
-    load({"ACGUACGU"});
-    edit("/");
-    EXPECT_EQ(tophits, 0);
-    EXPECT_TRUE(shows("Press any key to continue ... (, or . to apply that)"));
-    EXPECT_TRUE(shows("in a total of  8"));
-}
-
-TEST_F(SmallSimilarityTest, BoxesScrollSideways)
-{
+    open({.lines = 20, .columns = 20});
     load({"ACGUACGU", "ACGU****", "A"});
     edit("Down /");
     EXPECT_SCREEN("similarity_tiny");
@@ -277,7 +261,6 @@ TEST_F(SmallSimilarityTest, BoxesScrollSideways)
 TEST_F(SimilarityTest, PatternsAreTypedFromAProposal)
 {
     load({"ACGUACGUAC", "-$ac* *GUAC"}, {{0}, {1}});
-    const std::string long_text(30, 'A');
     const struct {
         const char* what;
         const char* keys;
@@ -468,4 +451,9 @@ TEST_F(SimilarityTest, EmptyPatternsAndShortRowsAreNoTrouble)
     edit("S Enter \"ACGUACGU\" Enter");
     EXPECT_EQ(sim[0], -1);
     EXPECT_TRUE(shows("-1        *        0     *      -1"));
+    load({"ACGUACGU"}); // nothing to rank
+    edit("/");
+    EXPECT_EQ(tophits, 0);
+    EXPECT_TRUE(shows("in a total of  8"));
+    EXPECT_TRUE(shows("Press any key to continue ... (, or . to apply that)"));
 }
