@@ -7,7 +7,6 @@
 #include "screen/files.h"
 #include "screen/strings.h"
 #include "screen/text.h"
-#include "support/golden.h"
 #include "support/screen_test.h"
 #include "taxonomy/frame_files.h"
 
@@ -91,20 +90,17 @@ TEST_F(ChooserTest, LeavesForOtherProgramsOnEveryPage)
 TEST_F(ChooserTest, MovesWrapAroundThePage)
 {
     make_files(30); // 27 in the first screen column, 3 in the second
-    struct Case {
-        const char *keys, *expected;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"Down", "file002.ali"},        {"Up", "file030.ali"},          {"Up Down", "file001.ali"},
         {"PgDn", "file006.ali"},        {"PgUp", "file026.ali"},        {"Right Right", "file001.ali"},
         {"Left", "file028.ali"},        {"Down*3 Left", "file004.ali"}, {"Down*3 Right", "file004.ali"},
         {"Down*2 Left", "file030.ali"}, {"F7", "file001.ali"},          {"F8", "file001.ali"},
         {"Z", "file001.ali"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [keys, expected] : cases) {
         chooser_reset();
-        choose(c.keys);
-        EXPECT_EQ(highlighted(), c.expected) << c.keys;
+        choose(keys);
+        EXPECT_EQ(highlighted(), expected) << keys;
     }
 }
 
@@ -177,10 +173,10 @@ TEST_F(ChooserTest, ConfirmsWhatIsInTheFile)
 TEST_F(ChooserTest, WarnsAboutEachRecodedCharacterThenAboutTheError)
 {
     write_file("seq/bad.ali", "#\n#\n>one\nEBZ\n>two\nEO\n");
-    choose("Enter");
-    EXPECT_TRUE(shows("A character encoded by B or Z has been recoded by X"));
-    choose("Enter A");
-    EXPECT_TRUE(shows("A character encoded by B or Z has been recoded by X"));
+    for (const char* keys : {"Enter", "Enter A"}) {
+        choose(keys);
+        EXPECT_TRUE(shows("A character encoded by B or Z has been recoded by X")) << keys;
+    }
     choose("Enter A A");
     EXPECT_TRUE(shows("Character O (79) is not an amino acid (on line 6)"));
     EXPECT_EQ(choose("Enter A A A").ending, Ending::script_ended);
@@ -208,16 +204,12 @@ TEST_F(ChooserTest, DeletesCopiesAndRenames)
     choose("Enter Del Y");
     EXPECT_FALSE(has_file("seq/other.ali"));
     EXPECT_EQ(highlighted(), "small.ali");
-}
 
-TEST_F(ChooserTest, ANameOfItsOwnLosesNothing)
-{
-    write_file("seq/small.ali", alignment);
+    // Its own name loses nothing; nor does the same file under another name.
     for (const char* keys : {"Enter F2 \"small\" Enter Enter", "Enter Ins \"small\" Enter Enter"}) {
         EXPECT_EQ(choose(keys).ending, Ending::script_ended);
         EXPECT_EQ(read_file("seq/small.ali"), alignment) << keys;
     }
-    // The same file under another name.
     ASSERT_EQ(link(path("seq/small.ali").c_str(), path("seq/twin.ali").c_str()), 0);
     choose("Enter F2 \"twin\" Enter Enter");
     EXPECT_EQ(read_file("seq/twin.ali"), alignment);
@@ -227,44 +219,39 @@ TEST_F(ChooserTest, SavingIsAskedForOnlyWhenNeeded)
 {
     write_file("seq/small.ali", alignment);
     choose("Enter Enter");
-    struct Case {
-        const char* keys;
-        int result, modif;
+    const auto expect = [&](const char* keys, int result, int modif_after) {
+        int found = 9;
+        const auto played = play(keys, [&] { found = verif_sauvegarde(); });
+        EXPECT_EQ(played.ending, Ending::returned) << keys;
+        EXPECT_EQ(played.keys_left, 0) << keys;
+        EXPECT_EQ(found, result) << keys;
+        EXPECT_EQ(modif, modif_after) << keys;
     };
-    int result = 0;
-    EXPECT_EQ(play("", [&] { result = verif_sauvegarde(); }).ending, Ending::returned);
-    EXPECT_EQ(result, 0);
-    for (const auto& c : {Case{"Esc", -1, 0}, {"N", 0, 0}, {"Y", 0, 255}}) {
-        mark_changed();
-        EXPECT_EQ(play(c.keys, [&] { result = verif_sauvegarde(); }).keys_left, 0);
-        EXPECT_EQ(result, c.result) << c.keys;
-        EXPECT_EQ(modif, c.modif) << c.keys;
-        EXPECT_EQ(has_file("seq/small.bak"), c.modif == 255);
-    }
+    expect("", 0, 255);
+    mark_changed();
+    expect("Esc", -1, 0);
+    expect("N", 0, 0);
+    EXPECT_FALSE(has_file("seq/small.bak"));
+    expect("Y", 0, 255);
+    EXPECT_TRUE(has_file("seq/small.bak"));
     // A save that fails warns and keeps the user where he is.
     mark_changed();
     dir_SEQ = path("absent/");
-    EXPECT_EQ(play("Y Enter", [&] { result = verif_sauvegarde(); }).keys_left, 0);
-    EXPECT_EQ(result, -1);
-    EXPECT_EQ(modif, 0);
+    expect("Y Enter", -1, 0);
 }
 
 TEST_F(ChooserTest, NamesTheFamilies)
 {
-    const auto family_file = [&](int families) {
+    const auto identify = [&](int families) {
         std::string text = "#\n#\n";
         for (int i = 0; i < families; i++)
             text += ">f" + std::to_string(i) + "-x\nA\n";
         write_file("seq/small.ali", text);
         choose("Enter Enter");
+        return play("Enter", identify_family);
     };
-    family_file(1);
-    EXPECT_EQ(play("Enter", identify_family).keys_left, 0);
-    family_file(2);
-    EXPECT_EQ(play("Enter", identify_family).keys_left, 1);
-    family_file(38);
-    const auto played = play("", identify_family);
-    EXPECT_EQ(played.ending, Ending::program_ended);
-    EXPECT_EQ(played.status, 1);
+    EXPECT_EQ(identify(1).keys_left, 0);
+    EXPECT_EQ(identify(2).keys_left, 1);
+    EXPECT_EQ(identify(38).status, 1);
     EXPECT_NE(errors().find("Too many paralog families. Increase MAXFAMILY"), std::string::npos);
 }

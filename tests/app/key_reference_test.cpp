@@ -23,26 +23,21 @@ namespace {
 template <class Action>
 void check_table(const kq::KeyTable<Action>& table)
 {
-    EXPECT_FALSE(table.rows.empty()) << table.title;
     EXPECT_TRUE(kq::unique_keys(table.rows)) << table.title << " binds a key twice";
     for (const auto& row : table.rows) {
-        EXPECT_FALSE(row.note.empty()) << table.title << ", key " << row.key;
-        EXPECT_FALSE(kq::key_name(row.key).empty()) << table.title << ", key " << row.key << " has no name";
         const bool lower = row.key >= 'a' && row.key <= 'z';
-        EXPECT_FALSE(table.folds_case && lower) << table.title << " folds letters, but has a lower-case row";
+        EXPECT_FALSE(row.note.empty() || kq::key_name(row.key).empty() || (table.folds_case && lower))
+            << table.title << ", key " << row.key;
     }
 }
 
-// Shared keys have names, stand once, and do what they do in the editor.
+// Shared keys stand once, and do what they do in the editor.
 void check_mode(const kq::ModeKeys& mode)
 {
     check_table(mode.own);
-    std::set<int> seen;
-    for (const int key : mode.shared) {
-        EXPECT_FALSE(kq::key_name(key).empty()) << mode.own.title << ", key " << key;
-        EXPECT_TRUE(seen.insert(key).second) << mode.own.title << " shares key " << key << " twice";
+    EXPECT_EQ(std::set<int>(mode.shared.begin(), mode.shared.end()).size(), mode.shared.size());
+    for (const int key : mode.shared)
         EXPECT_EQ(mode.find(key), kq::editor_keys.find(key)) << mode.own.title << ", key " << key;
-    }
 }
 
 } // namespace

@@ -14,8 +14,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const std::vector<std::string> folder_order = {"raster", "screen",   "core",  "taxonomy",
-                                               "editor", "analysis", "tools", "app"};
+const std::vector<std::string> folder_order = {"raster", "screen", "core", "taxonomy",
+                                               "editor", "tools",  "app"};
 
 struct SourceFile {
     std::string path;   // "core/store.h"

@@ -108,7 +108,7 @@ TEST(SuddenEnd, DISABLED_WorkInProgress)
     mark_changed();
     open_window("kq");
     rescue_on_sudden_end();
-    const std::string place = folder.path("") + "\n";
+    const std::string place = folder.path() + "\n";
     ASSERT_GT(write(ready_fd, place.data(), place.size()), 0);
     if (std::getenv("KQ_TEST_DRAWS")) {
         usleep(300000); // ends early when a signal comes

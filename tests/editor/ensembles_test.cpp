@@ -4,7 +4,6 @@
 #include "editor/ensemble_commands.h"
 #include "editor_test.h"
 #include "screen/text.h"
-#include "support/golden.h"
 #include "support/plain_reference.h"
 
 #include <array>

@@ -6,7 +6,6 @@
 #include "editor/region.h"
 #include "editor_test.h"
 #include "screen/dialogs.h"
-#include "support/golden.h"
 #include "support/plain_reference.h"
 #include "support/shared_data.h"
 

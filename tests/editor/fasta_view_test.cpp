@@ -2,7 +2,6 @@
 #include "editor/fasta_view.h"
 #include "editor_test.h"
 #include "raster/keys.h"
-#include "support/golden.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -41,13 +40,6 @@ public:
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         return read_file("noted");
     }
-    std::vector<std::string> working_files() const
-    {
-        std::vector<std::string> names;
-        for (const auto& entry : fs::directory_iterator(path("work")))
-            names.push_back(entry.path().filename().string());
-        return names;
-    }
 
 private:
     fs::path before_;
@@ -84,7 +76,7 @@ TEST_F(FastaTest, HostileFileNamesReachTheViewerAsTheyAre)
     file_ALI = "-rf; touch owned; $(touch owned) 'x\" &.y.ali";
     edit("F");
     EXPECT_EQ(noted(), "<./-rf; touch owned; $(touch owned) 'x\" &.fasta>\n");
-    EXPECT_EQ(working_files(), std::vector<std::string>{"-rf; touch owned; $(touch owned) 'x\" &.fasta"});
+    EXPECT_EQ(file_names("work"), std::vector<std::string>{"-rf; touch owned; $(touch owned) 'x\" &.fasta"});
 }
 
 TEST_F(FastaTest, WithoutViewerOrFileTheBoxIsThere)
@@ -102,7 +94,7 @@ TEST_F(FastaTest, WithoutViewerOrFileTheBoxIsThere)
     EXPECT_TRUE(shows("Problem in changing name"));
     edit("F Q");
     EXPECT_TRUE(shows(">Genus_a species@1"));
-    EXPECT_EQ(working_files(), std::vector<std::string>{"test.fasta"}) << "nothing is left half-written";
+    EXPECT_EQ(file_names("work"), std::vector<std::string>{"test.fasta"}) << "nothing is left half-written";
     EXPECT_FALSE(has_file("noted"));
 }
 

@@ -32,16 +32,10 @@ TEST_F(NavigationTest, SidewaysMovesScrollByTens)
         const char* keys;
         int position, column, first;
     } cases[] = {
-        {"Right*49", 49, 50, 0},
-        {"Right*50", 50, 41, 10}, // past the edge
-        {"Right*199", 199, 50, 150},
-        {"Right*500", 199, 40, 160}, // past the end is the end  {"End", 199, 40,
-                                     // 160},
-        {"End End", 199, 40, 160},
-        {"End Left*39", 160, 1, 160},
-        {"End Left*40", 159, 10, 150},
-        {"End Left*900", 0, 1, 0},
-        {"End Home", 0, 1, 0},
+        {"Right*49", 49, 50, 0},     {"Right*50", 50, 41, 10},    // past the edge
+        {"Right*199", 199, 50, 150}, {"Right*500", 199, 40, 160}, // past the end is the end
+        {"End End", 199, 40, 160},   {"End Left*39", 160, 1, 160}, {"End Left*40", 159, 10, 150},
+        {"End Left*900", 0, 1, 0},   {"End Home", 0, 1, 0},
     };
     for (const auto& c : cases) {
         load_columns(200, {}, 50);
@@ -63,23 +57,22 @@ TEST_F(NavigationTest, HiddenColumnsAreSteppedOver)
 {
     load_columns(100, {0, 1, 5, 6, 7, 50, 98, 99}, 20);
     EXPECT_EQ(nb_nuc, 92);
-    EXPECT_EQ(cursor_position(), 2);
-    EXPECT_EQ(colonne_curs, 1);
+    const auto expect_cursor = [](int position, int column, int first) {
+        EXPECT_EQ((std::array{cursor_position(), colonne_curs, dec_pos_curs}),
+                  (std::array{position, column, first}));
+        EXPECT_EQ(view_error(), "");
+    };
+    expect_cursor(2, 1, 0);
     deplace_site_droite(3); // 2 3 4 8
-    EXPECT_EQ(cursor_position(), 8);
-    EXPECT_EQ(colonne_curs, 4);
+    expect_cursor(8, 4, 0);
     deplace_site_gauche(1);
-    EXPECT_EQ(cursor_position(), 4);
+    expect_cursor(4, 3, 0);
     EXPECT_EQ(deplace_site_droite(18), redraw_sequences); // column 21: ten shown positions are scrolled away
-    EXPECT_EQ(dec_pos_curs, 15);
-    EXPECT_EQ(view_error(), "");
+    expect_cursor(25, 11, 15);
     goto_fin();
-    EXPECT_EQ(cursor_position(), 97);
-    EXPECT_EQ(colonne_curs, 12); // 92 less tens until below 20
-    EXPECT_EQ(view_error(), "");
+    expect_cursor(97, 12, 86); // 92 less tens until below 20
     EXPECT_EQ(goto_debut(), redraw_sequences);
-    EXPECT_EQ(dec_pos_curs, 0);
-    EXPECT_EQ(cursor_position(), 2);
+    expect_cursor(2, 1, 0);
 }
 
 TEST_F(NavigationTest, RowsGoRoundTheEnsemblesThatHaveAny)

@@ -3,7 +3,6 @@
 #include "editor/options_file.h"
 #include "editor_test.h"
 #include "screen/text.h"
-#include "support/golden.h"
 
 #include <filesystem>
 #include <random>

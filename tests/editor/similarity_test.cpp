@@ -6,7 +6,6 @@
 #include "editor/similarity.h"
 #include "editor_test.h"
 #include "screen/dialogs.h"
-#include "support/golden.h"
 #include "support/plain_similarity.h"
 
 #include <random>

@@ -23,8 +23,8 @@ TEST_F(SpeciesTest, ADeletedSpeciesIsKeptInTheRejectsFile)
 {
     load({"AC*-T ", "CCCC  ", "GGGGGG"}, {{0, 1, 2}, {1, 2}});
     EXPECT_EQ(edit("A-BackSpace Y Down Enter").ending, test::Ending::script_ended);
-    EXPECT_EQ(read_file("seq/test.non"), "#Molecule\n#Domain\n"
-                                         "#Partial sequence\n>Genus_a species@1\nAC-T\n");
+    const std::string rejected = "#Molecule\n#Domain\n#Partial sequence\n>Genus_a species@1\nAC-T\n";
+    EXPECT_EQ(read_file("seq/test.non"), rejected);
     EXPECT_TRUE(destroy[0]);
     EXPECT_TRUE(changed());
     EXPECT_EQ(ensemble(0), (std::vector{1, 2}));
@@ -32,27 +32,14 @@ TEST_F(SpeciesTest, ADeletedSpeciesIsKeptInTheRejectsFile)
     expect_whole("deleted");
 
     edit("A-BackSpace Y Up Enter"); // the last reason: without the file
-    EXPECT_EQ(read_file("seq/test.non").find("Genus_b"), std::string::npos);
+    EXPECT_EQ(read_file("seq/test.non"), rejected);
     EXPECT_EQ(ensemble(0), std::vector{2});
     EXPECT_EQ(ensemble(1), (std::vector{1, 2})) << "other ensembles keep it";
 
     edit("Down*2 A-BackSpace Y Enter"); // of the second ensemble
-    EXPECT_TRUE(read_file("seq/test.non").starts_with("#Molecule\n#Domain\n#Partial sequence\n"));
-    EXPECT_TRUE(read_file("seq/test.non")
-                    .ends_with("#Sequencing errors with redondancy\n>Genus_c species@3\nGGGGGG\n"));
+    EXPECT_EQ(read_file("seq/test.non"), rejected + "#Sequencing errors with redondancy\n>Genus_c species@3\n"
+                                                    "GGGGGG\n");
     expect_whole("third");
-}
-
-TEST_F(SpeciesTest, DeletingCanBeGivenUp)
-{
-    for (const char* keys :
-         {"A-BackSpace N", "A-BackSpace Enter", "A-BackSpace Escape", "A-BackSpace Y Escape"}) {
-        load({"ACGT", "ACGT"});
-        edit(keys);
-        EXPECT_FALSE(destroy[0]) << keys;
-        EXPECT_FALSE(changed()) << keys;
-        EXPECT_FALSE(has_file("seq/test.non")) << keys;
-    }
 }
 
 TEST_F(SpeciesTest, ARejectsFileThatCannotBeWrittenKeepsTheSpecies)
@@ -152,6 +139,26 @@ TEST_F(SpeciesTest, ASpeciesIsLookedAtAndRenamed)
     edit("E ?");
     EXPECT_TRUE(shows("Change the type of display of the ensemble n1 before"));
     file_NOM.clear();
+}
+
+TEST_F(SpeciesTest, ASpeciesMovesToAnotherGroup)
+{
+    load({"ACGT", "ACGT", "ACGT"});
+    read_frame_of_three_groups();
+    std::string groups = read_file("zolt/data/three.nom");
+    cor[0] = 2; // of an earlier list
+    nb_spec_gro = 1;
+    edit("Down F10 b Enter");
+    EXPECT_EQ(read_file("zolt/data/three.nom"), groups.replace(groups.find("_b species,A") + 10, 2, " , B"));
+    EXPECT_EQ(group_name(no_groupe[1]), "B");
+    EXPECT_EQ(group_name(no_groupe[0]), "A");
+    EXPECT_EQ(color_of("Genus_b"), 3) << "the screen is drawn again";
+    EXPECT_EQ(selection_error(), "");
+    edit("F10 Escape");
+    EXPECT_EQ(group_name(no_groupe[0]), "A");
+    set_collapsed(0, true);
+    edit("F10");
+    EXPECT_TRUE(shows("Change the type of display of the ensemble n1 before"));
 }
 
 TEST_F(SpeciesTest, ASequenceIsAdded)

@@ -1,13 +1,11 @@
 // The font file reader on good and on hostile bytes.
 #include "raster/fnt_file.h"
+#include "support/ali_folder.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <random>
 #include <string>
 
@@ -131,18 +129,14 @@ TEST(FntFile, DamagedFontsStayInsideTheirBytes)
 
 TEST(FntFile, OnlyRegularFilesAreOpened)
 {
-    const std::string directory = "/tmp/kqfnt" + std::to_string(getpid());
-    std::filesystem::create_directory(directory);
-    const std::string font = directory + "/a.fnt", pipe = directory + "/p.fnt";
+    const test::Folder folder;
     const Bytes bytes = fixed_font();
-    std::ofstream(font, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_TRUE(read_fnt_file(font));
-    EXPECT_FALSE(read_fnt_file(pipe)); // would wait for ever
-    EXPECT_FALSE(read_fnt_file(directory));
-    EXPECT_FALSE(read_fnt_file(directory + "/none.fnt"));
-    std::filesystem::remove_all(directory);
+    folder.write("a.fnt", std::string(bytes.begin(), bytes.end()));
+    ASSERT_EQ(mkfifo(folder.path("p.fnt").c_str(), 0600), 0);
+    EXPECT_TRUE(read_fnt_file(folder.path("a.fnt")));
+    EXPECT_FALSE(read_fnt_file(folder.path("p.fnt"))); // would wait for ever
+    EXPECT_FALSE(read_fnt_file(folder.path()));
+    EXPECT_FALSE(read_fnt_file(folder.path("none.fnt")));
 }
 
 } // namespace

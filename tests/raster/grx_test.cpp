@@ -2,14 +2,12 @@
 #include "raster/grx.h"
 #include "raster/key_names.h"
 #include "raster/keys.h"
+#include "support/ali_folder.h"
 
 #include <gtest/gtest.h>
 #include <png.h>
-#include <unistd.h>
 
 #include <array>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -18,12 +16,11 @@ namespace {
 
 class Grx : public testing::Test {
 protected:
-    const std::string directory_ = "/tmp/kqgrx" + std::to_string(getpid());
+    const test::Folder folder_;
 
     void SetUp() override
     {
-        std::filesystem::create_directory(directory_);
-        setenv("KQ_SCREENS", directory_.c_str(), 1);
+        setenv("KQ_SCREENS", folder_.path().c_str(), 1);
         GrMemoryScript("");
         ASSERT_TRUE(open(80, 40));
     }
@@ -31,7 +28,6 @@ protected:
     {
         GrMemorySetScreenWriter(nullptr);
         unsetenv("KQ_SCREENS");
-        std::filesystem::remove_all(directory_);
     }
     static bool open(int width, int height)
     {
@@ -78,8 +74,8 @@ TEST_F(Grx, ScreensShowWhatWasDrawnBeforeTheNextKey)
     EXPECT_EQ(GrKeyRead(), key::f1);
     GrFilledBox(10, 10, 19, 19, odd);
     EXPECT_EQ(keys_to_the_end(), "end");
-    EXPECT_EQ(written, (std::vector<std::string>{directory_ + "/one", directory_ + "/two"}));
-    const Picture one(directory_ + "/one.png"), two(directory_ + "/two.png");
+    EXPECT_EQ(written, (std::vector<std::string>{folder_.path("/one"), folder_.path("/two")}));
+    const Picture one(folder_.path("one.png")), two(folder_.path("two.png"));
     ASSERT_EQ(two.header.width, 80U);
     ASSERT_EQ(two.header.height, 40U);
     EXPECT_EQ(one.at(15, 15), (std::array{0xAA, 0, 0}));
@@ -96,7 +92,7 @@ TEST_F(Grx, CursorLiesOverThePictureWithoutChangingIt)
     GrMoveCursor(*cursor, 10, 10);
     GrDisplayCursor(*cursor);
     EXPECT_EQ(GrPixel(10, 11), 2);
-    const std::string path = directory_ + "/cursor.png";
+    const std::string path = folder_.path("cursor.png");
     ASSERT_TRUE(GrSavePng(path));
     const std::array<int, 3> green = {0, 0xAA, 0}, white = {255, 255, 255}, black = {0, 0, 0};
     {
@@ -112,7 +108,7 @@ TEST_F(Grx, CursorLiesOverThePictureWithoutChangingIt)
     const auto other = GrBuildCursor(bitmap.data(), 3, 2);
     GrDisplayCursor(*other);
     EXPECT_FALSE(cursor->shown);
-    EXPECT_FALSE(GrSavePng(directory_ + "/none/x.png"));
+    EXPECT_FALSE(GrSavePng(folder_.path("none/x.png")));
 }
 
 TEST_F(Grx, ReopeningKeepsThePaletteAndClearsTheScreen)
@@ -135,15 +131,11 @@ TEST_F(Grx, ReopeningKeepsThePaletteAndClearsTheScreen)
 // Opening a display is done once a process, so each case gets one of its own.
 class GrxProcess : public Grx {
 protected:
-    void SetUp() override
-    {
-        GTEST_FLAG_SET(death_test_style, "threadsafe");
-        std::filesystem::create_directory(directory_);
-    }
+    void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
     std::string script(const std::string& text) const
     {
-        std::ofstream(directory_ + "/keys") << text;
-        return directory_ + "/keys";
+        folder_.write("keys", text);
+        return folder_.path("keys");
     }
     // Opens a window in this environment and reads keys for ever; ends with status 3 when there is no window.
     [[noreturn]] static void run(const char* driver, const char* display, const char* keys)

@@ -1,7 +1,6 @@
 #include "screen/dialogs.h"
 #include "screen/strings.h"
 #include "screen/text.h"
-#include "support/golden.h"
 #include "support/screen_test.h"
 
 namespace kq {

@@ -3,7 +3,6 @@
 #include "screen/fields.h"
 #include "screen/text.h"
 #include "screen/text_state.h"
-#include "support/golden.h"
 #include "support/screen_test.h"
 
 #include <limits>
@@ -17,11 +16,10 @@ class Fields : public test::ScreenTest {};
 
 TEST_F(Fields, TextKeys)
 {
-    struct Case {
+    const struct {
         const char *before, *keys, *after;
         int ended;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"", "\"Homo\" Enter", "Homo", key::enter},
         {"abc", "d Enter", "abcd", key::enter},
         {"abc", "Left*2 x Enter", "axbc", key::enter},
@@ -35,7 +33,7 @@ TEST_F(Fields, TextKeys)
         {"abc", "Down", "abc", key::down},
         {"abc", "S-F1", "abc", key::shift_f1},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         std::string text = c.before;
         int ended = 0;
         const auto played = play(c.keys, [&] { ended = input_texte(text, 8, 3, 10); });
@@ -76,50 +74,40 @@ TEST_F(Fields, ALongTextScrollsSideways)
     EXPECT_EQ(line(6), std::string(9, ' ') + "|   56789abcdefghij |") << "entered again";
 }
 
-TEST_F(Fields, IntegerTexts)
+TEST_F(Fields, NumberTexts)
 {
-    struct Case {
-        const char* text;
-        int result, value;
-    };
-    // clang-format off
-    const Case cases[] = {{"", 0, 0}, {"-5", 0, -5}, {"5-", -1, 7}, {"-", 0, 0}, {"100", 0, 100}, {"101", -1, 7},
-                          {"-100", 0, -100}, {"-101", -1, 7}, {"1.5", -1, 7}, {"12x", -1, 7}, {" 1", -1, 7},
-                          {"007", 0, 7}, {"99999999999999999999", -1, 7}};
-    // clang-format on
-    for (const Case& c : cases) {
+    // What the call returns, and the value that was 7 before.
+    const auto integer = [](const char* text) {
         int value = 7;
-        EXPECT_EQ(verif_int(c.text, value, -100, 100), c.result) << c.text;
-        EXPECT_EQ(value, c.value) << c.text;
-    }
-}
-
-TEST_F(Fields, RealTexts)
-{
-    struct Case {
-        const char* text;
-        int result;
-        float value;
+        const int result = verif_int(text, value, -100, 100);
+        return std::pair{result, value};
     };
-    // clang-format off
-    const Case cases[] = {{"", 0, 0}, {"0.7", 0, 0.7f}, {"-.5", 0, -0.5f}, {"1.2.3", -1, 9}, {"0.71", -1, 9},
-                          {"--1", -1, 9}, {"1e9", -1, 9}, {"nan", -1, 9}, {".", 0, 0}};
-    // clang-format on
-    for (const Case& c : cases) {
-        float value = 9;
-        EXPECT_EQ(verif_float(c.text, value, -0.7f, 0.7f), c.result) << c.text;
-        EXPECT_EQ(value, c.value) << c.text;
-    }
+    const std::pair<const char*, int> integers[] = {{"", 0},      {"-5", -5},     {"-", 0},
+                                                    {"100", 100}, {"-100", -100}, {"007", 7}};
+    for (const auto& [text, value] : integers)
+        EXPECT_EQ(integer(text), (std::pair{0, value})) << text;
+    for (const char* text : {"5-", "101", "-101", "1.5", "12x", " 1", "99999999999999999999"})
+        EXPECT_EQ(integer(text), (std::pair{-1, 7})) << text;
+
+    const auto real = [](const char* text) {
+        float value = 7;
+        const int result = verif_float(text, value, -0.7f, 0.7f);
+        return std::pair{result, value};
+    };
+    const std::pair<const char*, float> reals[] = {{"", 0.0f}, {"0.7", 0.7f}, {"-.5", -0.5f}, {".", 0.0f}};
+    for (const auto& [text, value] : reals)
+        EXPECT_EQ(real(text), (std::pair{0, value})) << text;
+    for (const char* text : {"1.2.3", "0.71", "--1", "1e9", "nan"})
+        EXPECT_EQ(real(text), (std::pair{-1, 7.0f})) << text;
 }
 
 TEST_F(Fields, NumberKeys)
 {
-    struct Case {
+    const struct {
         int before;
         const char* keys;
         int after, ended;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {30, "Enter", 30, key::enter},
         {30, "BackSpace 5 Up", 35, key::up},
         {30, "Home 5 Delete F9", 50, key::f9},
@@ -128,7 +116,7 @@ TEST_F(Fields, NumberKeys)
         {30, "End - Enter BackSpace Enter", 30, key::enter},       // "30-" is none
         {30, "F10 S-F1 Tab a . \"+\" Enter", 30, key::enter},      // keys that a number does not know
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         int value = c.before, ended = 0;
         const auto played = play(c.keys, [&] { ended = input_int(value, 20, 200, 2, 3); });
         EXPECT_EQ(value, c.after) << c.keys;
@@ -165,12 +153,11 @@ TEST_F(Fields, ANumberOutOfBoundsIsToldWhatIsAccepted)
 TEST_F(Fields, FileNamesAreCheckedAndCompleted)
 {
     const std::string long_name(91, 'n');
-    struct Case {
+    const struct {
         std::string typed, name;
         std::string_view complaint;
         bool added;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"data", "data.ali", "", true},
         {"data.ali", "data.ali", "", false},
         {"data.txt", "data.ali", "The file name extension must be ali", false},
@@ -182,7 +169,7 @@ TEST_F(Fields, FileNamesAreCheckedAndCompleted)
         {long_name, long_name + ".ali", "", true},
         {long_name + "n", long_name + "n", "A file name has at most 95 characters", false},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         std::string name = c.typed;
         const NameCheck check = check_file_name(name, "ali");
         EXPECT_EQ(check.complaint, c.complaint) << c.typed;

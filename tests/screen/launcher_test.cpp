@@ -2,7 +2,6 @@
 #include "screen/files.h"
 #include "screen/launcher.h"
 #include "screen/text.h"
-#include "support/golden.h"
 #include "support/screen_test.h"
 
 #include <sys/wait.h>

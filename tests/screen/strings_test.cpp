@@ -2,30 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 namespace kq {
 namespace {
-
-TEST(Strings, CutsIntoFixedFields)
-{
-    std::array<char, 5> field{};
-    copy_field(field, "abcdefgh");
-    EXPECT_STREQ(field.data(), "abcd");
-    copy_field(field, "x");
-    EXPECT_STREQ(field.data(), "x");
-    copy_field(std::span<char>(), "x"); // nothing to write to
-}
 
 TEST(Strings, WrapsAtBlanksAndBreaksLongWords)
 {
     using Rows = std::vector<std::string>;
-    struct Case {
+    const struct {
         const char* text;
         int width;
         Rows rows;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"", 5, {""}},
         {"abcde", 5, {"abcde"}},
         {"abc de", 5, {"abc", "de"}},
@@ -34,7 +21,7 @@ TEST(Strings, WrapsAtBlanksAndBreaksLongWords)
         {"a b c", 0, {"a", "b", "c"}},
         {" abcdef", 3, {" ab", "cde", "f"}},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(wrap_text(c.text, c.width), c.rows) << c.text;
 }
 

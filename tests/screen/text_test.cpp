@@ -1,6 +1,5 @@
 #include "raster/grx.h"
 #include "screen/text.h"
-#include "support/golden.h"
 #include "support/screen_test.h"
 
 namespace kq {
@@ -122,10 +121,9 @@ TEST_F(TextScreen, FramesABoxThroughTheCentresOfItsBorderCells)
 
 TEST_F(TextScreen, MovesAndCutsABoxThatDoesNotFit)
 {
-    struct Case {
+    const struct {
         Box given, fitted;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{1, 1, 34, 80}, {1, 1, 34, 80}},   {{32, 10, 36, 20}, {30, 10, 34, 20}},
         {{3, 70, 5, 90}, {3, 60, 5, 80}},   {{0, -3, 4, 5}, {1, 1, 5, 9}},
         {{5, 10, 60, 200}, {1, 1, 34, 80}}, {{90, 90, 95, 95}, {29, 75, 34, 80}},

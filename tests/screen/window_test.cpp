@@ -2,7 +2,6 @@
 #include "screen/directories.h"
 #include "screen/text.h"
 #include "screen/window.h"
-#include "support/golden.h"
 #include "support/screen_test.h"
 
 #include <array>
@@ -26,11 +25,10 @@ protected:
 
 TEST_F(Window, ReadsItsGeometryOrTakesTheDefaults)
 {
-    struct Case {
+    const struct {
         const char* text;
         Numbers expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"1\n20\n12\n50\n120\n", {1, 20, 12, 50, 120}},
         {"0\n8\n6\n20\n20\n", {0, 8, 6, 20, 20}},
         {"2\r\n16\r\n8\r\n200\r\n200", {2, 16, 8, 200, 200}},
@@ -46,7 +44,7 @@ TEST_F(Window, ReadsItsGeometryOrTakesTheDefaults)
         {"0\n14\n8\n34\n19\n", defaults},
         {"0\n14\n8\n34\n99999999999999999999\n", defaults},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         write_file("zolt/data/pyx.sys", c.text);
         read_config_pyx();
         EXPECT_EQ(geometry(), c.expected) << c.text;
@@ -77,12 +75,11 @@ std::string glyph(char character)
 TEST_F(Window, TakesTheBuiltInFontOfTheCellsHeight)
 {
     write_file("zoltexe/cour20.fnt", "no font at all");
-    struct Case {
+    const struct {
         int width, height, type;
         const GrFont* font;
         const char* why;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {8, 14, 0, &GrFont_PC8x14, "by height"},
         {8, 16, 0, &GrFont_PC8x16, "by height"},
         {6, 8, 0, &GrFont_PC6x8, "by height and width"},
@@ -91,7 +88,7 @@ TEST_F(Window, TakesTheBuiltInFontOfTheCellsHeight)
         {4, 5, 2, &GrFont_PC6x8, "no such file, nothing fits: the smallest"},
         {12, 20, 1, &GrFont_PC8x16, "no font in the file: what fits best"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         open({.cell_width = c.width, .cell_height = c.height, .font_type = c.type});
         const GrTextOption option{c.font, static_cast<GrColor>(color_c), 0};
         GrDrawChar('R', 100, 100, _gr_size_y, _gr_size_x, option);
@@ -112,11 +109,10 @@ TEST_F(Window, DialogShowsItsChoices)
 
 TEST_F(Window, DialogChangesTheGeometry)
 {
-    struct Case {
+    const struct {
         const char* keys;
         Numbers expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"Enter BackSpace*2 \"50\" Enter", {0, 14, 8, 50, 80}},
         {"Enter BackSpace*2 \"19\" Enter Escape Escape", defaults}, // out of bounds
         {"Down Enter BackSpace*2 \"95\" Enter", {0, 14, 8, 34, 90}},
@@ -126,7 +122,7 @@ TEST_F(Window, DialogChangesTheGeometry)
         {"Down*3 Enter Down Enter Down*2 Enter Down Enter", {1, 14, 8, 34, 80}}, // another font: 8x14 again
         {"Down*2 Enter Down*2 Enter Down*3 Enter Down*3 Enter", {2, 19, 8, 34, 80}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         open({});
         dialog(c.keys);
         EXPECT_EQ(geometry(), c.expected) << c.keys;

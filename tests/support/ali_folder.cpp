@@ -11,19 +11,52 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
+#include <stdexcept>
 
 namespace kq::test {
 
 namespace fs = std::filesystem;
 
-AliFolder::AliFolder()
+// The path is short and without a dot: file names are formed by cutting paths at their first one.
+Folder::Folder()
 {
     static int counter = 0;
-    folder_ = "/tmp/kqali" + std::to_string(getpid()) + "x" + std::to_string(++counter) + "/";
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-    dir_SEQ = folder_;
+    root_ = "/tmp/kq" + std::to_string(getpid()) + "_" + std::to_string(++counter);
+    fs::remove_all(root_);
+    fs::create_directory(root_);
+}
+
+Folder::~Folder()
+{
+    std::error_code ignored;
+    fs::remove_all(root_, ignored);
+}
+
+void Folder::write(std::string_view below, std::string_view bytes) const
+{
+    std::ofstream stream(path(below), std::ios::binary);
+    stream << bytes;
+    if (!stream.flush()) throw std::runtime_error("cannot write " + path(below));
+}
+
+std::string Folder::read(std::string_view below) const
+{
+    return read_bytes(path(below));
+}
+
+std::vector<std::string> Folder::names(std::string_view below) const
+{
+    std::vector<std::string> result;
+    for (const auto& entry : fs::directory_iterator(path(below)))
+        result.push_back(entry.path().filename());
+    std::sort(result.begin(), result.end());
+    return result;
+}
+
+AliFolder::AliFolder()
+{
+    dir_SEQ = path();
     allocate_buffer();
     store_allocate();
     alignment_reset();
@@ -32,31 +65,6 @@ AliFolder::AliFolder()
 AliFolder::~AliFolder()
 {
     alignment_reset();
-    fs::remove_all(folder_);
-}
-
-std::string AliFolder::path(std::string_view name) const
-{
-    return folder_ + std::string(name);
-}
-
-void AliFolder::write(std::string_view name, std::string_view bytes) const
-{
-    std::ofstream(path(name), std::ios::binary) << bytes;
-}
-
-std::string AliFolder::read(std::string_view name) const
-{
-    return read_bytes(path(name));
-}
-
-std::vector<std::string> AliFolder::names() const
-{
-    std::vector<std::string> result;
-    for (const auto& entry : fs::directory_iterator(folder_))
-        result.push_back(entry.path().filename());
-    std::sort(result.begin(), result.end());
-    return result;
 }
 
 std::string AliFolder::load(const std::string& name) const
@@ -68,10 +76,8 @@ std::string AliFolder::load(const std::string& name) const
 
 std::string read_bytes(const std::string& path)
 {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 std::string row_text(int species)

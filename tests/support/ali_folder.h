@@ -1,4 +1,5 @@
-// A private folder that dir_SEQ names, for tests of what reads and writes alignments without any screen.
+// A private folder for a test; as an AliFolder, the one that dir_SEQ names, for tests of what reads and
+// writes alignments without any screen.
 #pragma once
 
 #include <string>
@@ -7,21 +8,28 @@
 
 namespace kq::test {
 
-class AliFolder {
+class Folder {
 public:
-    AliFolder(); // an empty folder; the alignment store as at program start
-    ~AliFolder();
-    AliFolder(const AliFolder&) = delete;
-    AliFolder& operator=(const AliFolder&) = delete;
+    Folder(); // empty
+    ~Folder();
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
 
-    std::string path(std::string_view name) const; // the folder ends with "/"
-    void write(std::string_view name, std::string_view bytes) const;
-    std::string read(std::string_view name) const;   // "" when there is none
-    std::vector<std::string> names() const;          // every entry, hidden ones too, in byte order
-    std::string load(const std::string& name) const; // checks and loads; what speaks against it, or ""
+    std::string path(std::string_view below = "") const { return root_ + "/" + std::string(below); }
+    void write(std::string_view below, std::string_view bytes) const;
+    std::string read(std::string_view below) const; // "" when there is none
+    // Every entry of a folder, hidden ones too, in byte order.
+    std::vector<std::string> names(std::string_view below = "") const;
 
 private:
-    std::string folder_;
+    std::string root_; // without "/" at its end
+};
+
+class AliFolder : public Folder {
+public:
+    AliFolder(); // the alignment store as at program start
+    ~AliFolder();
+    std::string load(const std::string& name) const; // checks and loads; what speaks against it, or ""
 };
 
 // The bytes of any file; "" when there is none.

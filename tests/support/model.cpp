@@ -14,12 +14,6 @@ namespace kq::test {
 
 namespace {
 
-std::string padded_to(std::string text, int columns)
-{
-    if (std::ssize(text) < columns) text.resize(static_cast<std::size_t>(columns), ' ');
-    return text;
-}
-
 bool is_gap(char c)
 {
     return c == '*' || c == ' ';
@@ -33,12 +27,17 @@ char PlainModel::at(int species, int p) const
     return p < std::ssize(row) ? row[static_cast<std::size_t>(p)] : ' ';
 }
 
+std::string& PlainModel::padded(int species)
+{
+    auto& row = rows[static_cast<std::size_t>(species)];
+    if (std::ssize(row) < columns) row.resize(static_cast<std::size_t>(columns), ' ');
+    return row;
+}
+
 void PlainModel::insert_chars(const std::vector<int>& species, int p, int n, char c)
 {
     for (const int i : species) {
-        auto& row = rows[static_cast<std::size_t>(i)];
-        row = padded_to(row, columns);
-        row.insert(static_cast<std::size_t>(p), static_cast<std::size_t>(n), c);
+        auto& row = padded(i).insert(static_cast<std::size_t>(p), static_cast<std::size_t>(n), c);
         for (int dropped = 0; dropped < n && is_gap(row.back()); dropped++)
             row.pop_back();
     }
@@ -47,33 +46,26 @@ void PlainModel::insert_chars(const std::vector<int>& species, int p, int n, cha
 void PlainModel::delete_chars(const std::vector<int>& species, int p, int n)
 {
     for (const int i : species) {
-        auto& row = rows[static_cast<std::size_t>(i)];
-        row = padded_to(row, columns);
-        row.erase(static_cast<std::size_t>(p), static_cast<std::size_t>(std::min(n, columns - p)));
-        row = padded_to(row, columns);
+        padded(i).erase(static_cast<std::size_t>(p), static_cast<std::size_t>(std::min(n, columns - p)));
+        padded(i);
     }
 }
 
 void PlainModel::overwrite(int species, int p, std::string_view text)
 {
-    auto& row = rows[static_cast<std::size_t>(species)];
-    row = padded_to(row, columns);
-    row.replace(static_cast<std::size_t>(p), text.size(), text);
+    padded(species).replace(static_cast<std::size_t>(p), text.size(), text);
 }
 
 void PlainModel::reverse_columns(const std::vector<int>& species, int first, int last)
 {
-    for (const int i : species) {
-        auto& row = rows[static_cast<std::size_t>(i)];
-        row = padded_to(row, columns);
-        std::reverse(row.begin() + first, row.begin() + last);
-    }
+    for (const int i : species)
+        std::reverse(padded(i).begin() + first, padded(i).begin() + last);
 }
 
 void PlainModel::insert_residue(int species, int p, char c)
 {
     auto& row = rows[static_cast<std::size_t>(species)];
-    row = padded_to(row, p);
+    if (std::ssize(row) < p) row.resize(static_cast<std::size_t>(p), ' ');
     row.insert(static_cast<std::size_t>(p), 1, c);
 }
 
@@ -86,8 +78,8 @@ void PlainModel::delete_residue(int species, int p)
 void PlainModel::grow(int n)
 {
     columns += n;
-    for (auto& row : rows)
-        row = padded_to(row, columns);
+    for (int i = 0; i < std::ssize(rows); i++)
+        padded(i);
 }
 
 void PlainModel::open_columns(const std::vector<int>& kept, int p, int n)
@@ -96,9 +88,7 @@ void PlainModel::open_columns(const std::vector<int>& kept, int p, int n)
         if (std::ranges::find(kept, i) != kept.end()) continue;
         const bool blank_here = at(i, p) == ' ', blank_before = p > 0 && at(i, p - 1) == ' ';
         const bool inside = p == 0 ? blank_here : blank_before && (blank_here || p >= columns - 1);
-        auto& row = rows[static_cast<std::size_t>(i)];
-        row = padded_to(row, columns);
-        row.insert(static_cast<std::size_t>(p), static_cast<std::size_t>(n), inside ? ' ' : '*');
+        padded(i).insert(static_cast<std::size_t>(p), static_cast<std::size_t>(n), inside ? ' ' : '*');
     }
     grow(n);
 }

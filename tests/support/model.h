@@ -35,6 +35,8 @@ struct PlainModel {
     plain::Texts ensemble_texts() const; // of all ensembles, one after the other
     plain::Texts all_texts() const;
 
+    std::string& padded(int species); // its row, with blanks up to the alignment's length
+
     // Puts the model into the store, as the reader does, without ensembles.
     void load() const;
     // "", or the first difference between the model and the rows, counts and ensembles of the store.

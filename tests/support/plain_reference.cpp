@@ -1,18 +1,25 @@
 #include "support/plain_reference.h"
 
+#include "core/consensus_kernel.h"
+
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 namespace kq::plain {
 
 namespace {
 
-using Counts = std::array<int, 25>;
-
 struct ColumnTotals {
-    std::vector<Counts> codes;
-    std::vector<int> blanks;
+    int codes; // residue codes of the type, the unknown class last
+    std::vector<std::array<std::uint32_t, 22>> counts;
+    std::vector<std::uint32_t> blanks;
+
+    std::span<const std::uint32_t> at(std::size_t p) const
+    {
+        return std::span(counts[p]).first(static_cast<std::size_t>(codes));
+    }
 };
 
 // The residue codes, written down a second time.
@@ -32,26 +39,16 @@ ColumnTotals count(const Texts& rows, int columns, int type)
     for (int c = 0; c < 256; c++)
         code[static_cast<std::size_t>(c)] = code_of(static_cast<char>(c), type);
     const auto length = static_cast<std::size_t>(columns);
-    ColumnTotals totals{std::vector<Counts>(length), std::vector<int>(length)};
+    ColumnTotals totals{type ? 22 : 17, {}, std::vector<std::uint32_t>(length)};
+    totals.counts.resize(length);
     for (const auto row : rows)
         for (std::size_t p = 0; p < length; p++) {
             const char c = p < row.size() ? row[p] : ' ';
             const int k = code[static_cast<unsigned char>(c)];
-            if (k >= 0) totals.codes[p][static_cast<std::size_t>(k)]++;
+            if (k >= 0) totals.counts[p][static_cast<std::size_t>(k)]++;
             if (c == ' ') totals.blanks[p]++;
         }
     return totals;
-}
-
-char line_mark(const Counts& counts, int n, int unknown)
-{
-    const int m = *std::max_element(counts.begin(), counts.end()), k = n - unknown;
-    if (k == 0) return ' ';
-    if (m == k) return '*';
-    const int q = 10 * m / k;
-    if (q == 2 || q == 3) return '.';
-    if (q >= 4 && q <= 9) return '*';
-    return ' ';
 }
 
 } // namespace
@@ -60,45 +57,20 @@ std::string consensus_line(const Texts& rows, int columns, int type)
 {
     const auto totals = count(rows, columns, type);
     std::string line;
-    for (const auto& counts : totals.codes)
-        line += line_mark(counts, static_cast<int>(rows.size()), counts[type ? 21 : 16]);
+    for (std::size_t p = 0; p < totals.counts.size(); p++)
+        line += consensus_mark(totals.at(p), static_cast<std::uint32_t>(rows.size()));
     return line;
 }
 
 Consensus ensemble_consensus(const Texts& rows, int columns, int type, const char* letters)
 {
     const auto totals = count(rows, columns, type);
-    const int n = static_cast<int>(rows.size());
-    const auto last = std::strlen(letters) - 1;
     Consensus result;
-    for (std::size_t p = 0; p < static_cast<std::size_t>(columns); p++) {
-        const auto& counts = totals.codes[p];
-        const int S = totals.blanks[p], G = counts[0], X = counts[last];
-        char c = ' ';
-        int v = 10;
-        if (n > 0 && S + G == n) {
-            c = S <= G ? '*' : ' ';
-        } else if (n > 0 && X + G == n) {
-            c = '*';
-            v = 10 * G / (G + X - S);
-        } else if (n > 0) {
-            std::size_t b1 = 0, b2 = 0;
-            int c1 = 0, c2 = 0;
-            for (std::size_t k = 0; k <= last; k++)
-                if (counts[k] > c1) {
-                    b2 = b1, c2 = c1;
-                    b1 = k, c1 = counts[k];
-                }
-            if (10 * X / n > 8) {
-                c = letters[b2], v = 1;
-            } else if (letters[b1] != ' ') {
-                c = letters[b1], v = 10 * c1 / (n - X);
-            } else {
-                c = letters[b2], v = 10 * c2 / (n - X);
-            }
-        }
-        result.characters += c;
-        result.levels.push_back(static_cast<unsigned char>(std::min(9, 10 - v)));
+    for (std::size_t p = 0; p < totals.counts.size(); p++) {
+        const auto found = column_consensus(totals.at(p), totals.blanks[p],
+                                            static_cast<std::uint32_t>(rows.size()), letters);
+        result.characters += found.character;
+        result.levels.push_back(found.level);
     }
     return result;
 }

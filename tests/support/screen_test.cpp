@@ -4,17 +4,12 @@
 #include "screen/directories.h"
 #include "screen/files.h"
 #include "screen/process_end.h"
-#include "screen/text.h"
 #include "screen/window.h"
-
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
-#include <stdexcept>
 #include <vector>
 
 namespace kq::test {
@@ -25,17 +20,6 @@ namespace {
 struct ProgramEnd {
     int status;
 };
-
-std::string new_directory()
-{
-    static int counter = 0;
-    // Short, and without a dot: file names are formed by cutting paths at their first one.
-    const std::string path = "/tmp/kq" + std::to_string(getpid()) + "_" + std::to_string(++counter);
-    std::filesystem::remove_all(path);
-    for (const char* directory : {"/seq", "/zolt/data", "/zolt/ali", "/zolt/type", "/zoltexe"})
-        std::filesystem::create_directories(path + directory);
-    return path;
-}
 
 // Keys that are still in the script.
 int read_keys_left()
@@ -51,6 +35,15 @@ int read_keys_left()
 
 } // namespace
 
+std::string golden_text(std::string_view name, const std::string& actual)
+{
+    const std::string path = KQ_SOURCE_DIRECTORY "/tests/golden/" + std::string(name) + ".txt";
+    if (const char* update = std::getenv("UPDATE_GOLDEN"); update && *update == '1')
+        std::ofstream(path, std::ios::binary) << actual;
+    EXPECT_TRUE(std::filesystem::exists(path)) << path;
+    return read_bytes(path);
+}
+
 std::string random_keys(std::mt19937& random, std::string_view pieces, int count)
 {
     std::vector<std::string> all;
@@ -64,8 +57,10 @@ std::string random_keys(std::mt19937& random, std::string_view pieces, int count
 }
 
 ScreenSession::ScreenSession(const Geometry& geometry)
-    : root_(new_directory())
+    : root_(folder_.path().substr(0, folder_.path().size() - 1))
 {
+    for (const char* directory : {"seq", "zolt/data", "zolt/ali", "zolt/type", "zoltexe"})
+        std::filesystem::create_directories(path(directory));
     setenv("GRX20DRV", "memory", 1);
     unsetenv("KQ_SCRIPT");
     setenv("KQ_SCREENS", root_.c_str(), 1);
@@ -87,17 +82,21 @@ ScreenSession::~ScreenSession()
     set_end_handler(nullptr);
     set_rescue(nullptr);
     set_clock(nullptr);
-    std::error_code ignored;
-    std::filesystem::remove_all(root_, ignored);
+    set_geometry({}); // for tests without a screen
 }
 
-void ScreenSession::open(const Geometry& geometry)
+void ScreenSession::set_geometry(const Geometry& geometry)
 {
     _nb_line = geometry.lines;
     _nb_col = geometry.columns;
     _gr_size_x = geometry.cell_height;
     _gr_size_y = geometry.cell_width;
     _type_font = geometry.font_type;
+}
+
+void ScreenSession::open(const Geometry& geometry)
+{
+    set_geometry(geometry);
     open_window(program_title);
 }
 
@@ -132,43 +131,10 @@ int ScreenSession::line_of(std::string_view text) const
     return 0;
 }
 
-bool ScreenSession::shows(std::string_view text) const
-{
-    return line_of(text) != 0;
-}
-
 int ScreenSession::color_of(std::string_view text) const
 {
     const int number = line_of(text);
     return number ? color_at(number, static_cast<int>(screen_line(number).find(text)) + 1) : -1;
-}
-
-int ScreenSession::color_at(int line_number, int column) const
-{
-    return screen_cell(line_number, column).fg;
-}
-
-int ScreenSession::background_at(int line_number, int column) const
-{
-    return screen_cell(line_number, column).bg;
-}
-
-std::string ScreenSession::path(std::string_view below) const
-{
-    return root_ + "/" + std::string(below);
-}
-
-void ScreenSession::write_file(std::string_view below, std::string_view bytes) const
-{
-    std::ofstream stream(path(below), std::ios::binary);
-    stream << bytes;
-    if (!stream.flush()) throw std::runtime_error("cannot write " + path(below));
-}
-
-std::string ScreenSession::read_file(std::string_view below) const
-{
-    std::ifstream stream(path(below), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 bool ScreenSession::has_file(std::string_view below) const

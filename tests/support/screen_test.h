@@ -12,6 +12,9 @@
 // A script that ends inside a screen leaves it: that is how a screen in the middle of its work is looked at.
 #pragma once
 
+#include "screen/text.h"
+#include "support/ali_folder.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -56,11 +59,11 @@ public:
 
     // Lines and columns are 1-based, of the whole screen.
     std::string line(int number) const; // without the blanks at its end
-    bool shows(std::string_view text) const;
+    bool shows(std::string_view text) const { return line_of(text) != 0; }
     int line_of(std::string_view text) const;  // first line with the text, 0 = none
     int color_of(std::string_view text) const; // colour of the first character of its first occurrence, or -1
-    int color_at(int line, int column) const;
-    int background_at(int line, int column) const;
+    int color_at(int line, int column) const { return screen_cell(line, column).fg; }
+    int background_at(int line, int column) const { return screen_cell(line, column).bg; }
 
     // The texts that went to standard error.
     const std::string& errors() const { return errors_; }
@@ -69,16 +72,23 @@ public:
     // The private directory, without "/" at its end; ZOLT and ZOLTEXE name it, and the directories of the
     // program are made in it (seq/, zolt/data/, zolt/ali/, zolt/type/, zoltexe/).
     const std::string& root() const { return root_; }
-    std::string path(std::string_view below) const; // root()/below
+    std::string path(std::string_view below) const { return folder_.path(below); } // root()/below
     // `below` as in path().
-    void write_file(std::string_view below, std::string_view bytes) const;
-    std::string read_file(std::string_view below) const; // "" when there is none
+    void write_file(std::string_view below, std::string_view bytes) const { folder_.write(below, bytes); }
+    std::string read_file(std::string_view below) const { return folder_.read(below); }
+    std::vector<std::string> file_names(std::string_view below) const { return folder_.names(below); }
     bool has_file(std::string_view below) const;
 
 private:
-    std::string root_;
-    std::string errors_;
+    static void set_geometry(const Geometry& geometry);
+
+    Folder folder_;
+    std::string root_, errors_;
 };
+
+// The text of tests/golden/<name>.txt, which is what a test expects to see; UPDATE_GOLDEN=1 in the
+// environment rewrites it to `actual`, and the difference is then reviewed like any other change.
+std::string golden_text(std::string_view name, const std::string& actual);
 
 // A script of `count` pieces drawn from "Up|Down|F4 Enter".
 std::string random_keys(std::mt19937& random, std::string_view pieces, int count);
@@ -92,3 +102,5 @@ public:
 };
 
 } // namespace kq::test
+
+#define EXPECT_SCREEN(name) EXPECT_EQ(::kq::test::golden_text(name, ::kq::screen_dump()), ::kq::screen_dump())

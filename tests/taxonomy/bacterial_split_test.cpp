@@ -1,7 +1,6 @@
 // The fixed split of bacteria into five ensembles.
 #include "core/consensus.h"
 #include "core/edit.h"
-#include "support/shared_data.h"
 #include "taxonomy/bacterial_split.h"
 #include "tree_fixture.h"
 
@@ -91,15 +90,8 @@ TEST_F(Split, IsForAnEmptyFirstEnsembleOfBacteria)
 TEST_F(Split, TakesTenThousandOfEachEnsemble)
 {
     load_bacteria({"G_Proteobacteria", "Archaea"});
-    std::vector<std::string> names(10003);
-    std::string groups;
-    for (std::size_t i = 0; i < names.size(); i++) {
-        names[i] = "Genus n" + std::to_string(i);
-        groups += names[i] + (i == 0 ? ",Archaea\n" : ",G_Proteobacteria\n");
-    }
-    write_file("zolt/data/bact.nom", groups);
-    load_names(names);
-    read_taxonomy("BACT", "bact");
+    load_many(
+        10003, [](int i) { return i == 0 ? "Archaea" : "G_Proteobacteria"; }, "BACT");
     EXPECT_EQ(split(), "0\n0\n10000\n0\n0\n");
     EXPECT_EQ(line_of("You can select at most 10000 species per ensemble"), 8);
     EXPECT_EQ(list(2).front(), 1);
@@ -108,9 +100,7 @@ TEST_F(Split, TakesTenThousandOfEachEnsemble)
 
 TEST_F(Split, RealBacteriaAreDivided)
 {
-    const auto data = shared_data();
-    if (!data) GTEST_SKIP() << "no shared alignments here";
-    load(ssu_small, *data + "/ssu_small");
+    load(ssu_small);
     EXPECT_EQ(split(), "10\n13\n12\n4\n19\n");
     EXPECT_EQ(constructed, 0);
     EXPECT_EQ(identifier(members(3)[0]).substr(0, 13), "Agrobacterium");

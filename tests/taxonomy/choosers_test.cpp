@@ -124,7 +124,6 @@ TEST_F(Choosers, LongListsScrollAndLongPathsAreRefused)
     open({.lines = 20, .columns = 20});
     choose_nom("PgDn*3 Enter");
     EXPECT_EQ(file_NOM, path("zolt/data/g113.nom"));
-    open({});
 }
 
 TEST_F(Choosers, AFrameIsChosenAndConfirmed)
@@ -180,12 +179,4 @@ TEST_F(Choosers, TheFrameListScrollsByTens)
             if (color_at(l, 3) == 14) highlighted += screen_line(l).substr(2, 4);
         EXPECT_EQ(highlighted, current) << keys;
     }
-}
-
-TEST_F(Choosers, ColoursAreWrittenAsTheyAreRead)
-{
-    start();
-    color_groupe[0] = 12;
-    write_file_COL();
-    EXPECT_EQ(read_file("zolt/data/some.col"), "12,E\n7,D\n7,C\n7,B\n10,A\n");
 }

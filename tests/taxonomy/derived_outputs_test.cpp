@@ -6,7 +6,6 @@
 #include "screen/files.h"
 #include "screen/process.h"
 #include "screen/process_end.h"
-#include "support/golden.h"
 #include "support/kel_reader.h"
 #include "support/plain_reference.h"
 #include "taxonomy/derived_outputs.h"

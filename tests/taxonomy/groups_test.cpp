@@ -1,7 +1,4 @@
 // Species to groups, groups to colours.
-#include "core/ali_reader.h"
-#include "core/work_buffer.h"
-#include "support/shared_data.h"
 #include "taxonomy/group_colours.h"
 #include "taxonomy_session.h"
 
@@ -13,11 +10,6 @@ using namespace kq::test;
 namespace {
 
 class Groups : public TaxonomyTest {};
-
-std::string group_of(int species)
-{
-    return std::string(group_name(no_groupe[static_cast<std::size_t>(species)]));
-}
 
 // The prescribed double loop: every line is compared with every species. 0 = done, else the message's kind.
 enum class Plain { done, no_comma, twice };
@@ -73,11 +65,10 @@ TEST_F(Groups, LinesAreMatchedAsAUserWritesThem)
                             "Somebody else,C\nRana-x esculenta,High",
                             "f.nom"),
               "");
-    EXPECT_EQ(group_of(0), "A");
-    EXPECT_EQ(group_of(1), "B");
-    EXPECT_EQ(group_of(2), "Cupboard");
-    EXPECT_EQ(group_of(3), "High") << "an inner node is a group too";
-    EXPECT_EQ(group_of(4), "Cupboard");
+    // An inner node, High, is a group too.
+    const char* groups[] = {"A", "B", "Cupboard", "High", "Cupboard"};
+    for (std::size_t s = 0; s < 5; s++)
+        EXPECT_EQ(group_name(no_groupe[s]), groups[s]);
     EXPECT_EQ(nbtot_groupe[0][static_cast<std::size_t>(cupboard())], 2);
     EXPECT_EQ(selection_error(), "");
 }
@@ -155,46 +146,4 @@ TEST_F(Groups, ColoursReachLeavesOnly)
     ASSERT_EQ(build_from(five_leaves), "");
     ASSERT_EQ(assign_colours("10,A\n 3,   B\n12,Sub\n5,Cupboard\n7,Nobody\n256,C\n-4,D\n255,E\n", "f"), "");
     EXPECT_EQ(col_text(), "255,E\n7,D\n7,C\n3,B\n10,A\n");
-}
-
-TEST_F(Groups, RealAlignmentsHaveTheirFigures)
-{
-    const auto data = shared_data();
-    if (!data) GTEST_SKIP() << "no shared alignments here";
-    const struct {
-        std::string set, ali, fra, nom;
-        int leaves, groups, heads;
-        const char* group;
-        int total, in_cupboard;
-    } cases[] = {
-        {"ssu_medium", "ssu_medium", "FIRMICUT", "firmicut", 138, 276, 7, "Lactobacillus", 100, 66},
-        {"yeast_wide", "yeast_wide", "YEAST", "yeast", 3, 6, 0, "Cupboard", 0, 0},
-        {"proteases", "proteases", "ANIMALS", "animals", 20 * 15 + 1, 51, 20, "Cupboard", 1, 1},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.set);
-        reset_taxonomy();
-        ASSERT_TRUE(store_allocate());
-        const std::string path = *data + "/" + c.set + "/ZOLT/seq/" + c.ali + ".ali";
-        ASSERT_EQ(load_ali(path, check_ali(path)), "");
-        derive_families();
-        const FraFile file =
-            parse_fra(read_bytes(*data + "/" + c.set + "/ZOLTEXE/zoltexe/" + c.fra + ".fra"));
-        ASSERT_EQ(build_frame(file.nodes), "");
-        ASSERT_EQ(assign_groups(read_bytes(*data + "/" + c.set + "/ZOLT/zolt/data/" + c.nom + ".nom"), c.nom),
-                  "");
-        EXPECT_EQ(selection_error() + frame_error(), "");
-        EXPECT_EQ(nb_feuille, c.leaves);
-        EXPECT_EQ(nb_groupe, c.groups);
-        EXPECT_EQ(nb_arbre, c.heads + 1);
-        EXPECT_EQ(nbtot_groupe[0][static_cast<std::size_t>(find_group(c.group))], c.total);
-        EXPECT_EQ(nbtot_groupe[0][static_cast<std::size_t>(cupboard())], c.in_cupboard);
-    }
-    int assigned = 0, selected = 0;
-    compute_specie_sous_arbre(*proot, assigned, selected);
-    EXPECT_EQ(assigned, 158);
-    // The species without a group is found on the leaf that counts it.
-    collect_species_below(*node_named("Cupboard"));
-    ASSERT_EQ(nb_spec_gro, 1);
-    EXPECT_NE(working_names()[0].find("Cavia porcellus"), std::string::npos);
 }

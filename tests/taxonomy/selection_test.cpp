@@ -29,13 +29,6 @@ public:
     }
 };
 
-std::vector<int> ranked()
-{
-    chercher_specie_retenue();
-    const auto list = working_list();
-    return {list.begin(), list.end()};
-}
-
 } // namespace
 
 TEST_F(Selection, RanksFollowTheOrderOfSelecting)
@@ -55,7 +48,7 @@ TEST_F(Selection, StaysSoundThroughRandomSequences)
     std::mt19937 random(1105);
     const auto pick = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     load();
-    std::vector<int> model; // selected species by rank
+    std::vector<int> model;
     const auto drop = [&model](int s) { std::erase(model, s); };
     for (int round = 0; round < 3000; round++) {
         const int s = pick(nb_spec);

@@ -85,6 +85,14 @@ inline std::vector<std::string> working_names()
     return names;
 }
 
+// The selected species by rank.
+inline std::vector<int> ranked()
+{
+    chercher_specie_retenue();
+    const auto list = working_list();
+    return {list.begin(), list.end()};
+}
+
 class TaxonomyTest : public testing::Test {
 public:
     TaxonomyTest() { reset_taxonomy(); }

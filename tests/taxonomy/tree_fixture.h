@@ -3,7 +3,6 @@
 
 #include "core/ali_reader.h"
 #include "screen/directories.h"
-#include "support/golden.h"
 #include "support/screen_test.h"
 #include "taxonomy/ensembles.h"
 #include "taxonomy/frame_files.h"
@@ -43,6 +42,24 @@ public:
         read_frame();
         adjust_frame();
         read_file_NOM();
+    }
+
+    // "Genus species1@X" and so on, each in the group that is told.
+    void load_many(int count, const std::function<std::string(int)>& group_of,
+                   const std::string& frame = "FIVE")
+    {
+        load_five_leaves();
+        reset_taxonomy();
+        std::vector<std::string> names;
+        std::string groups;
+        for (int i = 0; i < count; i++) {
+            const std::string name = "Genus species" + std::to_string(i + 1);
+            names.push_back(name + "@X");
+            groups += name + "," + group_of(i) + "\n";
+        }
+        write_file("zolt/data/five.nom", groups);
+        load_names(names);
+        read_taxonomy(frame, "five");
     }
 
     // Six species on the five leaves of `five_leaves`.

@@ -17,25 +17,17 @@ namespace {
 class Tree : public TreeTest {
 public:
     // The place of every node; screens put back what they move.
-    std::vector<int> positions()
+    static std::vector<int> positions()
     {
         std::vector<int> numbers;
-        collect(*proot, numbers);
+        for (const char* name : {"Root", "Low", "E", "Sub", "D", "C", "High", "B", "A"})
+            numbers.insert(numbers.end(), {node_named(name)->y, node_named(name)->sub});
         return numbers;
     }
     void expect_sound()
     {
         EXPECT_EQ(selection_error(), "");
         EXPECT_EQ(frame_error(), "");
-    }
-
-private:
-    static void collect(const node& top, std::vector<int>& numbers)
-    {
-        numbers.insert(numbers.end(), {top.y, top.sub});
-        if (top.leaf()) return;
-        collect(*top.child2, numbers);
-        collect(*top.child1, numbers);
     }
 };
 
@@ -117,22 +109,24 @@ TEST_F(Tree, SelectionKeysTakeWhatTheySay)
     load_five_leaves();
     ASSERT_EQ(add_ensemble(), 1);
     set_members(1, std::vector{0});
+    const std::vector<std::string> all = {"Ant alpha@1", "Elk epsilon@5", "Bee beta@2", "Cat gamma@3",
+                                          "Fox zeta@6"};
     const struct {
         const char* keys;
         std::vector<std::string> names;
     } cases[] = {
-        {"F2 F3", {"Ant alpha@1", "Elk epsilon@5", "Bee beta@2", "Cat gamma@3", "Fox zeta@6"}},
+        {"F2 F3", all},
         {"S-F2 F3", {"Elk epsilon@5", "Bee beta@2", "Cat gamma@3", "Fox zeta@6"}},
         {"n F3", {"Cat gamma@3"}},
         {"N S-F2 F3", {"Cat gamma@3", "Elk epsilon@5", "Bee beta@2", "Fox zeta@6"}},
         {"F2 F4 Enter Up F2 F3 Enter", {"Ant alpha@1", "Elk epsilon@5", "Bee beta@2"}},
         {"F2 Up F4 Down Enter F3", {"Cat gamma@3", "Fox zeta@6"}},
-        {"F2 F4 Escape F3", {"Ant alpha@1", "Elk epsilon@5", "Bee beta@2", "Cat gamma@3", "Fox zeta@6"}},
+        {"F2 F4 Escape F3", all},
         // At most 20 per cent missing: of ten columns two.
         {"\"<\" Down*8 Enter F3", {"Ant alpha@1", "Bee beta@2", "Fox zeta@6"}},
         {"\">\" Down*8 Enter F3", {"Elk epsilon@5", "Cat gamma@3"}},
         {"\">\" Up Enter F3", {"Elk epsilon@5"}}, // more than 98
-        {"F2 \"<\" Escape F3", {"Ant alpha@1", "Elk epsilon@5", "Bee beta@2", "Cat gamma@3", "Fox zeta@6"}},
+        {"F2 \"<\" Escape F3", all},
     };
     for (const auto& [keys, names] : cases) {
         set_members(0, {});
@@ -189,17 +183,7 @@ TEST_F(Tree, AnEnsembleKeepsItsSpeciesAndGetsAName)
 
 TEST_F(Tree, AtMostTenThousandSpeciesBecomeAnEnsemble)
 {
-    load_five_leaves();
-    reset_taxonomy();
-    std::vector<std::string> names(10001);
-    std::string groups;
-    for (std::size_t i = 0; i < names.size(); i++) {
-        names[i] = "Genus n" + std::to_string(i);
-        groups += names[i] + (i == 0 ? ",B\n" : ",A\n");
-    }
-    write_file("zolt/data/five.nom", groups);
-    load_names(names);
-    read_taxonomy("FIVE", "five");
+    load_many(10001, [](int i) { return i == 0 ? "B" : "A"; });
     play_tree("F2 F3");
     EXPECT_EQ(line_of("You can select at most 10000 species per ensemble"), 8);
     EXPECT_EQ(screen_line(1).substr(52, 5), "10001");
@@ -236,10 +220,8 @@ TEST_F(Tree, ANewGeometryScalesTheTreeAgain)
     play_tree("S-F10 Down*3 Enter Down Enter Up Enter");
     EXPECT_EQ(_gr_size_x, 16);
     EXPECT_EQ(node_named("A")->y, 24);
-    EXPECT_EQ(node_named("Sub")->x, 371);
-    EXPECT_EQ(node_named("Sub")->y, 56);
-    EXPECT_EQ(node_named("Sub")->sub, 16);
-    open({});
+    const node& sub = *node_named("Sub");
+    EXPECT_EQ((std::array{sub.x, sub.y, sub.sub}), (std::array{371, 56, 16}));
 }
 
 TEST_F(Tree, OtherColoursAreTakenAtOnce)
@@ -298,7 +280,6 @@ TEST_F(Tree, SurvivesAnyGeometryKeysAndCoordinates)
         expect_sound();
         set_members(0, {});
     }
-    open({});
 }
 
 // What the moves and selections leave on the screen is what drawing it whole would show, but for the short
@@ -324,5 +305,4 @@ TEST_F(Tree, EveryStepLeavesTheScreenAsAWholeRedrawWould)
             EXPECT_EQ(stepwise, screen()) << script;
         }
     }
-    open({});
 }

@@ -1,6 +1,5 @@
 // Compacting a region of an alignment, by call and by keys.
 #include "editor/editor_test.h"
-#include "support/golden.h"
 #include "support/plain_reference.h"
 #include "tools/gap_compaction.h"
 
