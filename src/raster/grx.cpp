@@ -165,8 +165,10 @@ std::string play_script_file()
     if (!path || !*path)
         return "The display driver \"memory\" plays a script of keys: KQ_SCRIPT has to name its file.";
     std::ifstream file(path, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(file), {}};
-    if (!file) return "The script of keys \"" + std::string(path) + "\" cannot be read.";
+    file.peek(); // a directory can be opened, but not read
+    if (!file.is_open() || file.bad())
+        return "The script of keys \"" + std::string(path) + "\" cannot be read.";
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
     auto script = parse_key_script(text);
     if (!script.mistakes.empty())
         return "The script of keys \"" + std::string(path) + "\" has mistakes:\n" + mistakes_text(script);

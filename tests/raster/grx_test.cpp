@@ -172,6 +172,7 @@ TEST_F(GrxProcess, WithoutAWindowASentenceSaysWhy)
     EXPECT_EXIT(run("svga gw 80", "", ""), testing::ExitedWithCode(3), "\"svga\"");
     EXPECT_EXIT(run("memory", "", ""), testing::ExitedWithCode(3), "KQ_SCRIPT");
     EXPECT_EXIT(run("memory", "", "/nonexistent"), testing::ExitedWithCode(3), "cannot be read");
+    EXPECT_EXIT(run("memory", "", "/"), testing::ExitedWithCode(3), "cannot be read");
     EXPECT_EXIT(run("memory", "", script("F1\nF13\nF14").c_str()), testing::ExitedWithCode(3),
                 "line 2: .*F13.*\n.*line 3: .*F14");
 }
