@@ -71,7 +71,7 @@ bool ask_for_sequence(NewSequence& entered)
         } else if (pressed == key::up) {
             in_name = true;
         } else if (validates && entered.text.empty()) {
-            ring_bell();
+            refuse_field("A sequence is needed");
         } else if (validates) {
             return true;
         }

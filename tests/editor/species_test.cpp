@@ -180,6 +180,8 @@ TEST_F(SpeciesTest, ASequenceIsAdded)
     edit(R"(C-Insert Q Down "AC" Up BackSpace M Enter Down)");
     EXPECT_EQ(identifier(3), "M@");
     EXPECT_EQ(sequence(3), "AC") << "the row's text ends at its own length";
+    edit("S-F9 Q Enter \"123\" Enter");
+    EXPECT_TRUE(line(9).starts_with("+- A sequence is needed -"));
     edit("S-F9 Q Enter A Escape");
     EXPECT_EQ(nb_spec, 4);
     expect_whole("shorter");
