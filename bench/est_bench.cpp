@@ -67,19 +67,6 @@ void Compaction(benchmark::State& state)
     }
 }
 
-void compact_plainly(char* text, int columns, bool to_the_left)
-{
-    const int step = to_the_left ? 1 : -1;
-    int free = to_the_left ? 0 : columns - 1;
-    for (int from = free; from >= 0 && from < columns; from += step)
-        if (!is_compacted_gap(text[from])) {
-            text[free] = text[from];
-            free += step;
-        }
-    for (; free >= 0 && free < columns; free += step)
-        text[free] = '*';
-}
-
 // One row after the other, then one recount.
 void CompactionPlain(benchmark::State& state)
 {
@@ -87,7 +74,7 @@ void CompactionPlain(benchmark::State& state)
     bool to_the_left = true;
     for (auto _ : state) {
         for (int species = 0; species < nb_spec; species++)
-            compact_plainly(row_storage(species), nb_nuc_tot, to_the_left);
+            plain::compact({row_storage(species), static_cast<std::size_t>(nb_nuc_tot)}, to_the_left);
         counts_forget();
         bench::recompute();
         to_the_left = !to_the_left;

@@ -11,8 +11,9 @@ namespace {
 
 constexpr auto places_taken = [] {
     std::array<unsigned char, 256> places{};
-    for (std::size_t c = 0; c < places.size(); c++)
-        places[c] = is_compacted_gap(static_cast<char>(c)) ? 0 : 1;
+    places.fill(1);
+    for (const char gap : {'*', '-', ' '})
+        places[static_cast<unsigned char>(gap)] = 0;
     return places;
 }();
 

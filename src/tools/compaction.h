@@ -7,12 +7,7 @@ namespace kq {
 
 enum class Direction { left = 0, right = 1 };
 
-// What compaction closes up.
-constexpr bool is_compacted_gap(char c)
-{
-    return c == '*' || c == '-' || c == ' ';
-}
-// Moves the other characters to one end, in their order; "*" fills the rest.
+// Moves what is no "*", "-" or blank to one end, in its order; "*" fills the rest.
 void compact(std::span<char> region, Direction direction);
 
 } // namespace kq

@@ -104,13 +104,19 @@ Differences differences_beside(std::string_view a, std::string_view b,
     return found;
 }
 
-std::string compacted(std::string_view region)
+void compact(std::span<char> region, bool to_the_left)
 {
-    std::string result;
-    for (const char c : region)
-        if (c != '*' && c != '-' && c != ' ') result += c;
-    result.resize(region.size(), '*');
-    return result;
+    const auto end = static_cast<std::ptrdiff_t>(region.size());
+    const std::ptrdiff_t step = to_the_left ? 1 : -1;
+    std::ptrdiff_t free = to_the_left ? 0 : end - 1;
+    for (auto from = free; from >= 0 && from < end; from += step) {
+        const char c = region[static_cast<std::size_t>(from)];
+        if (c == '*' || c == '-' || c == ' ') continue;
+        region[static_cast<std::size_t>(free)] = c;
+        free += step;
+    }
+    for (; free >= 0 && free < end; free += step)
+        region[static_cast<std::size_t>(free)] = '*';
 }
 
 } // namespace kq::plain

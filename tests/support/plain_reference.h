@@ -4,6 +4,7 @@
 
 #include "editor/difference_counter.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,7 +29,7 @@ std::vector<unsigned char> hidden_columns(const Texts& rows, int columns);
 Differences differences_beside(std::string_view a, std::string_view b,
                                const std::vector<unsigned char>& hidden, int position);
 
-// A region with its residues pushed to the left.
-std::string compacted(std::string_view region);
+// Pushes the residues of a region to one end.
+void compact(std::span<char> region, bool to_the_left);
 
 } // namespace kq::plain
