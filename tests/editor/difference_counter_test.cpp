@@ -8,20 +8,6 @@
 
 using namespace kq;
 
-TEST(DifferenceCounter, SkipsHiddenColumnsAndBlanks)
-{
-    //                               0123456789
-    constexpr std::string_view a = "AC GTTACGT";
-    constexpr std::string_view b = "GC-ATG CCA"; // differ at 0, 3, 5 (hidden), 8, 9
-    constexpr unsigned char hidden[] = {0, 0, 0, 0, 0, 255, 0, 0, 0, 0};
-    const auto [left, right] = count_differences_beside(a, b, hidden, 8);
-    EXPECT_EQ(left.count, 2);
-    EXPECT_EQ(left.spacing, 3.0);
-    EXPECT_EQ(right.count, 2);
-    EXPECT_EQ(right.spacing, 1.0) << "neighbours";
-    EXPECT_EQ(count_differences_beside(a, b, hidden, 1).left.spacing, 0.0) << "a single one";
-}
-
 TEST(DifferenceCounter, EqualsThePlainWalk)
 {
     std::mt19937 random(4);

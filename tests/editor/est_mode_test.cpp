@@ -1,15 +1,11 @@
 // EST mode and region selection, played as keys.
-#include "core/ali_reader.h"
 #include "core/merging.h"
-#include "core/work_buffer.h"
 #include "editor/est_mode.h"
 #include "editor/region.h"
 #include "editor_test.h"
 #include "screen/dialogs.h"
 #include "support/plain_reference.h"
-#include "support/shared_data.h"
 
-#include <numeric>
 #include <random>
 #include <tuple>
 
@@ -203,37 +199,6 @@ TEST_F(EstModeTest, RandomPastesEqualThePlainOnes)
         ASSERT_EQ(stale() + view_error() + columns_error(), "") << "round " << round;
         ASSERT_TRUE(changed());
     }
-}
-
-TEST_F(EstModeTest, PiecesOfRealSequencesBecomeWhole)
-{
-    const auto data = test::shared_data();
-    if (!data) GTEST_SKIP() << "no shared alignments here";
-    load({"A"}); // makes room for an alignment
-    const std::string file = *data + "/ssu_small/ZOLT/seq/ssu_frag.ali";
-    ASSERT_TRUE(allocate_buffer());
-    ASSERT_EQ(load_ali(file, check_ali(file)), "");
-    std::vector<int> all(static_cast<std::size_t>(nb_spec));
-    std::iota(all.begin(), all.end(), 0);
-    set_members(0, all);
-    const auto before = sequences();
-    // The first of three pieces is the master of the two below it, which go to the rejects.
-    std::string script = "Down*11 ";
-    for (const char* master : {"F2 ", "F2 Y ", "F2 Y ", "F2 Y "})
-        script += std::string(master) + "Home Down R F12 R F12 ";
-    file_ALI = "frag.ali";
-    merge(script);
-    EXPECT_TRUE(changed());
-    for (int whole = 0; whole < 4; whole++) {
-        const int master = 11 + 3 * whole;
-        EXPECT_TRUE(sequence(master) == before[static_cast<std::size_t>(whole)]) << identifier(master);
-        EXPECT_TRUE(destroy[static_cast<std::size_t>(master + 1)] &&
-                    destroy[static_cast<std::size_t>(master + 2)]);
-    }
-    EXPECT_EQ(nb_spec_ens[0], 15);
-    const auto rejects = read_file("seq/frag.non");
-    EXPECT_NE(rejects.find("#mode EST\n>Clostridium tetani@X74770.3\n"), std::string::npos);
-    EXPECT_EQ(stale() + view_error() + columns_error(), "");
 }
 
 TEST_F(EstModeTest, KeysOfTheEditorWorkAndOthersDoNot)
