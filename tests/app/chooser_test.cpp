@@ -6,7 +6,6 @@
 #include "screen/directories.h"
 #include "screen/files.h"
 #include "screen/strings.h"
-#include "screen/text.h"
 #include "support/screen_test.h"
 #include "taxonomy/frame_files.h"
 
@@ -108,11 +107,9 @@ TEST_F(ChooserTest, PagesFollowEachOther)
 {
     make_files(55);
     choose("");
-    EXPECT_EQ(nb_page, 2);
     EXPECT_TRUE(shows("F1:Help  F2:Other               F8:Next  ESCAPE:Exit"));
     choose("Down F8");
     EXPECT_EQ(highlighted(), "file055.ali");
-    EXPECT_EQ(nb_file_ALI_affiche, 1);
     EXPECT_TRUE(shows("F1:Help  F2:Other  F7:Previous           ESCAPE:Exit"));
     EXPECT_FALSE(shows("file001.ali"));
     choose("F8 F8 F7");

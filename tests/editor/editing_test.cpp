@@ -1,7 +1,6 @@
 // The editing commands, played as keys, judged by the rows they leave.
 #include "editor/editing.h"
 #include "editor_test.h"
-#include "screen/text.h"
 
 #include <random>
 
@@ -82,12 +81,12 @@ TEST_F(EditingTest, KeysOnASingleRow)
 
 TEST_F(EditingTest, ARefusedBackspaceLeavesTheCursor)
 {
-    load({"AC*T", "ACGT"});
-    edit("Right*2 BackSpace");
-    EXPECT_EQ(cursor_position(), 2);
-    EXPECT_EQ(sequence(0), "AC*T");
-    edit("BackSpace");
-    EXPECT_EQ(cursor_position(), 0) << "there is nothing before the first position";
+    for (const auto& [keys, position] : {std::pair{"Right*2 BackSpace", 2}, {"BackSpace", 0}}) {
+        load({"AC*T", "ACGT"});
+        edit(keys);
+        EXPECT_EQ(cursor_position(), position) << keys;
+        EXPECT_EQ(sequence(0), "AC*T");
+    }
 }
 
 TEST_F(EditingTest, OpeningColumnsKeepsTheCursorsRowInPlace)

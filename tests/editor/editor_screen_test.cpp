@@ -1,7 +1,6 @@
 // What the editor shows, and that no key breaks it at any size of the window.
 #include "editor/display.h"
 #include "editor_test.h"
-#include "screen/text.h"
 
 #include <random>
 

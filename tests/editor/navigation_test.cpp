@@ -1,6 +1,5 @@
 #include "editor/shown_columns.h"
 #include "editor_test.h"
-#include "screen/text.h"
 
 #include <array>
 

@@ -1,7 +1,6 @@
 #include "raster/keys.h"
 #include "screen/dialogs.h"
 #include "screen/fields.h"
-#include "screen/text.h"
 #include "screen/text_state.h"
 #include "support/screen_test.h"
 

@@ -161,26 +161,28 @@ TEST_F(Files, DirectoriesComeFromTheEnvironment)
         int exe_length, root_length; // -1 = unset
         std::string message;
     };
-    const auto fatal = [](const char* name) {
-        return "The program has encountered the following FATAL ERROR :\n\nThe variable " +
-               std::string(name) + " is too long\n\n\n";
-    };
-    const Case cases[] = {
+    const std::string fatal = "The program has encountered the following FATAL ERROR :\n\nThe variable ";
+    const struct {
+        int exe_length, root_length; // -1 = unset
+        std::string message;
+    } cases[] = {
         {-1, 10, "The global variable ZOLTEXE is not defined"},
         {10, -1, "The global variable ZOLT is not defined"},
-        {81, 10, fatal("dir_ZOLTEXE")}, // + "/zoltexe/" = 90
-        {10, 79, fatal("dir_DATA")},
-        {10, 80, fatal("dir_ALI")},
+        {81, 10, fatal + "dir_ZOLTEXE is too long\n\n\n"}, // + "/zoltexe/" = 90
+        {10, 79, fatal + "dir_DATA is too long\n\n\n"},
+        {10, 80, fatal + "dir_ALI is too long\n\n\n"},
+    };
+    const auto set = [](const char* name, int length) {
+        if (length < 0)
+            unsetenv(name);
+        else
+            setenv(name, std::string(static_cast<std::size_t>(length), 'd').c_str(), 1);
     };
     for (const auto& c : cases) {
         forget_errors();
-        for (const auto& [name, length] : {std::pair{"ZOLTEXE", c.exe_length}, {"ZOLT", c.root_length}})
-            if (length < 0)
-                unsetenv(name);
-            else
-                setenv(name, std::string(static_cast<std::size_t>(length), 'd').c_str(), 1);
-        const auto played = play("", init_dir);
-        EXPECT_EQ(played.status, 1);
+        set("ZOLTEXE", c.exe_length);
+        set("ZOLT", c.root_length);
+        EXPECT_EQ(play("", init_dir).status, 1);
         EXPECT_EQ(errors(), c.message);
     }
 }

@@ -1,6 +1,5 @@
 #include "screen/help.h"
 #include "screen/strings.h"
-#include "screen/text.h"
 #include "support/screen_test.h"
 
 namespace kq {

@@ -1,7 +1,6 @@
 #include "screen/directories.h"
 #include "screen/files.h"
 #include "screen/launcher.h"
-#include "screen/text.h"
 #include "support/screen_test.h"
 
 #include <sys/wait.h>

@@ -4,7 +4,6 @@
 #include "screen/fields.h"
 #include "screen/help.h"
 #include "screen/strings.h"
-#include "screen/text.h"
 #include "screen/window.h"
 #include "support/screen_test.h"
 

@@ -1,5 +1,4 @@
 #include "raster/grx.h"
-#include "screen/text.h"
 #include "support/screen_test.h"
 
 namespace kq {

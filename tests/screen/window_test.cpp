@@ -1,6 +1,5 @@
 #include "raster/grx.h"
 #include "screen/directories.h"
-#include "screen/text.h"
 #include "screen/window.h"
 #include "support/screen_test.h"
 

@@ -1,5 +1,4 @@
 // Choosing the frame, the groups and the colours; the names that are remembered.
-#include "screen/text.h"
 #include "tree_fixture.h"
 
 #include <filesystem>

@@ -1,5 +1,4 @@
 // Reordering the selection by typed numbers: the rule, and the screen.
-#include "screen/text.h"
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/species_order.h"
 #include "tree_fixture.h"

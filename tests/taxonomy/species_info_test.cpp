@@ -1,6 +1,5 @@
 // What is known about a species: the box, and the information file behind it.
 #include "core/inf_record.h"
-#include "screen/text.h"
 #include "taxonomy/group_moves.h"
 #include "taxonomy/species_info.h"
 #include "tree_fixture.h"

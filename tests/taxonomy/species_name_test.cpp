@@ -1,6 +1,5 @@
 // Renaming a species.
 #include "core/edit.h"
-#include "screen/text.h"
 #include "taxonomy/species_name.h"
 #include "tree_fixture.h"
 

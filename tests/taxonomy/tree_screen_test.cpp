@@ -1,6 +1,5 @@
 // The tree screen, played as a user plays it.
 #include "core/edit.h"
-#include "screen/text.h"
 #include "taxonomy/frame_layout.h"
 #include "taxonomy/partial_selection.h"
 #include "taxonomy/tree_screen.h"
