@@ -77,6 +77,11 @@ int change_groupe(int species, int group_shown, MoveHow how, std::string_view cl
     return ok;
 }
 
+void report_no_classification()
+{
+    affich_avert("It is impossible to automatically affect this species to a group", warning_line);
+}
+
 int change_groupe_auto(int species, int group_shown, AutoMode mode)
 {
     if (group_shown >= 0 && !ShownGroup(group_shown).holds(species)) return auto_done;
@@ -85,7 +90,7 @@ int change_groupe_auto(int species, int group_shown, AutoMode mode)
         return change_groupe(species, group_shown, MoveHow::silent, classification) == ok ? auto_done
                                                                                           : auto_failed;
     if (!classification.starts_with("[SYS]")) {
-        affich_avert("It is impossible to automatically affect this species to a group", warning_line);
+        report_no_classification();
         return auto_failed;
     }
     if (change_groupe(species, group_shown, MoveHow::reported, classification) != ok) return auto_failed;

@@ -28,6 +28,9 @@ int change_groupe_auto(int species, int group_shown, AutoMode mode);
 // When it cannot be written that is shown, and nothing has been moved.
 int change_groupe_auto_list(int group_shown);
 
+// Says that nothing is known from which the group of a species could be found.
+void report_no_classification();
+
 // Gives the species with this key (nom_key of its identifier) a line in the .nom file in use; empty on
 // success, else what failed, and then the file is as it was.
 std::string rewrite_group_line(std::string_view key, std::string_view group);

@@ -69,7 +69,11 @@ int affich_info(int species, int group)
     if (show_text_box(rows, legend) != key::f8) return 0;
     const std::vector<std::string_view> lines(record.lines.begin(), record.lines.end());
     const std::string text = classification_in(lines);
-    return !text.empty() && change_groupe(species, group, MoveHow::reported, text) == ok ? 1 : 0;
+    if (text.empty()) {
+        report_no_classification();
+        return 0;
+    }
+    return change_groupe(species, group, MoveHow::reported, text) == ok ? 1 : 0;
 }
 
 } // namespace kq

@@ -109,7 +109,9 @@ TEST_F(SpeciesInfo, SaysWhatIsMissing)
     set_accession("AB1");
     info("");
     EXPECT_TRUE(shows("There is no accession number"));
-    EXPECT_EQ(info("F8"), 0);
+    info("F8");
+    EXPECT_TRUE(shows("It is impossible to automatically affect this species to a group"));
+    EXPECT_EQ(info("F8 Q"), 0);
 }
 
 TEST_F(SpeciesInfo, F8MovesTheSpeciesToItsGroup)
