@@ -98,7 +98,7 @@ TEST_F(Reorder, TheViewFollowsTheCursor)
     EXPECT_EQ(screen_line(3).substr(8, 6), "[  27]");
     EXPECT_TRUE(shows("   1 [  53] Genus species53"));
     open({.lines = 20, .columns = 20});
-    type("Down*30 3 Left F2 PgUp*5 0 F3");
+    type("Down*31 Up 3 Left F2 PgUp*5 0 F3");
     EXPECT_EQ(nb_retenu, 59);
     EXPECT_EQ(selection_error(), "");
 }
