@@ -18,8 +18,7 @@ inline constexpr int identifier_size = 80; // bytes, closing NUL included
 inline constexpr int header_size = 100;
 inline constexpr int max_alignment = 149997; // columns; a longer saved line could not be read back
 
-// ---- the alignment
-// -------------------------------------------------------------------------------------------
+// ---- the alignment --------------------------------------------------------------------------------------
 
 // The block of seq_capacity bytes: one anonymous mapping, touched only where rows are. Species i is the row
 // at seq + i * lenseq_tot; use row() instead of the arithmetic.
@@ -41,8 +40,7 @@ extern unsigned char modif;
 void mark_changed();
 void mark_saved();
 
-// ---- per species, indexed by row (0-based); entries beyond nb_spec are neutral
-// ---------------------------------
+// ---- per species, indexed by row (0-based); entries beyond nb_spec are neutral --------------------------
 
 extern std::array<int, max_species> mask;              // -1 = masked, else 0
 extern std::array<int, max_species> new_est;           // -1 = carries the "#NEW#" mark, else 0
@@ -55,8 +53,7 @@ extern std::array<int, max_species> no_family; // paralog family, 0-based; 0 als
 // row reads as blanks from there on, a longer one is kept and saved whole. At most lenseq_tot - 1.
 extern std::array<int, max_species> row_length;
 
-// ---- ensembles: named, ordered lists of rows
-// ---------------------------------------------------------------------
+// ---- ensembles: named, ordered lists of rows ------------------------------------------------------------
 
 extern int nb_ens; // 1..max_ensembles
 extern std::array<std::array<int, max_ensemble_species>, max_ensembles> cor_ens;
@@ -64,8 +61,7 @@ extern std::array<int, max_ensembles> nb_spec_ens; // members; 0 = empty, which 
 extern char ens_names[max_ensembles][identifier_size];
 extern std::array<int, max_ensembles> type_affich_ens; // -1 = one row per species, 0 = one consensus row
 
-// ---- reading
-// -------------------------------------------------------------------------------------------------------
+// ---- reading --------------------------------------------------------------------------------------------
 
 std::span<const char> row(int species);   // the row's text, without the closing NUL
 char residue(int species, int position);  // 0-based; a blank beyond the row's text
@@ -76,8 +72,7 @@ inline bool collapsed(int ensemble)
     return type_affich_ens[static_cast<std::size_t>(ensemble)] != -1;
 }
 
-// ---- filling (reader, start-up, tests)
-// -------------------------------------------------------------------------------
+// ---- filling (reader, start-up, tests) ------------------------------------------------------------------
 
 // Reserves the big block; false when the system refuses. Called once at start.
 bool store_allocate();
