@@ -16,6 +16,7 @@
 #include "screen/text.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/selection.h"
+#include "taxonomy/species_name.h"
 
 #include <algorithm>
 #include <string>
@@ -67,7 +68,10 @@ bool ask_for_sequence(NewSequence& entered)
         if (pressed == key::escape) return false;
         const bool validates = pressed == key::enter || pressed == key::down;
         if (in_name) {
-            if (validates && !entered.name.empty()) in_name = false;
+            if (holds_file_mark(entered.name))
+                refuse_field("No #NEW# #MASKED#");
+            else if (validates && !entered.name.empty())
+                in_name = false;
         } else if (pressed == key::up) {
             in_name = true;
         } else if (validates && entered.text.empty()) {

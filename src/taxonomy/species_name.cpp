@@ -28,8 +28,7 @@ constexpr int longest_name = identifier_size - 1;
 // Whether the files can hold the name: one that is read back as something else is none.
 bool can_be_kept(std::string_view name)
 {
-    return name.find('@') == std::string_view::npos && name.find("#NEW#") == std::string_view::npos &&
-           name.find("#MASKED#") == std::string_view::npos && fits_in_nom_line(name);
+    return name.find('@') == std::string_view::npos && !holds_file_mark(name) && fits_in_nom_line(name);
 }
 
 // "Genus species": two words, one blank.
@@ -75,6 +74,11 @@ void offer_group_line(int species)
 }
 
 } // namespace
+
+bool holds_file_mark(std::string_view name)
+{
+    return name.find("#NEW#") != std::string_view::npos || name.find("#MASKED#") != std::string_view::npos;
+}
 
 int change_species_name(int species)
 {

@@ -181,6 +181,8 @@ TEST_F(SpeciesTest, ASequenceIsAdded)
     EXPECT_EQ(sequence(3), "AC") << "the row's text ends at its own length";
     edit("S-F9 Q Enter \"123\" Enter");
     EXPECT_TRUE(line(9).starts_with("+- A sequence is needed -"));
+    edit("S-F9 \"Q#NEW#\" Enter");
+    EXPECT_TRUE(line(9).starts_with("+- No #NEW# #MASKED# -")) << "such a name is cut when it is read";
     edit("S-F9 Q Enter A Escape");
     EXPECT_EQ(nb_spec, 4);
     expect_whole("shorter");
