@@ -14,6 +14,7 @@
 #include "editor/view.h"
 #include "screen/strings.h"
 #include "support/ali_folder.h"
+#include "support/plain_reference.h"
 #include "support/screen_test.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_files.h"
@@ -118,6 +119,14 @@ public:
         std::vector<std::string> rows;
         for (int species = 0; species < nb_spec; species++)
             rows.push_back(sequence(species));
+        return rows;
+    }
+    // The rows of an ensemble, in its order.
+    static plain::Texts texts(int ensemble)
+    {
+        plain::Texts rows;
+        for (const int species : members(ensemble))
+            rows.emplace_back(kq::row(species).data(), kq::row(species).size());
         return rows;
     }
     static bool changed() { return modif == 0; }

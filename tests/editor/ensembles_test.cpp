@@ -4,7 +4,6 @@
 #include "editor/ensemble_commands.h"
 #include "editor_test.h"
 #include "screen/text.h"
-#include "support/plain_reference.h"
 
 #include <array>
 #include <random>
@@ -18,33 +17,15 @@ namespace {
 class Ensembles : public EditorTest {
 public:
     static std::vector<int> list(int e) { return {members(e).begin(), members(e).end()}; }
-    static std::string consensus(int e) { return plain(e).characters; }
-    static plain::Consensus plain(int e)
+    static std::string consensus(int e)
     {
-        return plain::ensemble_consensus(texts(e), nb_nuc_tot, type_seq, caractere);
-    }
-    static plain::Texts texts(int e)
-    {
-        plain::Texts rows;
-        for (const int species : members(e)) {
-            const auto text = kq::row(species);
-            rows.emplace_back(text.data(), text.size());
-        }
-        return rows;
+        return plain::ensemble_consensus(texts(e), nb_nuc_tot, type_seq, caractere).characters;
     }
     static std::string errors() { return view_error() + store_error() + columns_error(); }
 };
 
 const std::vector<std::string> six_rows = {"ACGTACGT*A", "ACGAACGT*A", "TTTTACG**A",
                                            "TTTAACG*CC", "GG*GACGTCA", "GG*GACCTC*"};
-
-std::vector<std::vector<int>> one_each(int count)
-{
-    std::vector<std::vector<int>> ensembles;
-    for (int e = 0; e < count; e++)
-        ensembles.push_back({e % 2});
-    return ensembles;
-}
 
 } // namespace
 
@@ -53,8 +34,6 @@ std::vector<std::vector<int>> one_each(int count)
 TEST_F(Ensembles, AreChosenFromAList)
 {
     load(six_rows, {{0, 1}, {2, 3}, {4, 5}});
-    edit("Right F4 Down");
-    EXPECT_SCREEN("ensemble_list");
     edit("F4 Down*2 Q Left Enter");
     EXPECT_TRUE(collapsed(2));
     edit("F4 Up Enter"); // from the first to the last
@@ -69,7 +48,7 @@ TEST_F(Ensembles, AreChosenFromAList)
 TEST_F(Ensembles, AListLongerThanTheScreenScrolls)
 {
     open({.lines = 34, .columns = 80});
-    load(six_rows, one_each(50));
+    load(six_rows, std::vector(50, std::vector{0}));
     edit("Right");
     const auto before = screen_dump();
     edit("Right F6 Down*40");

@@ -38,8 +38,6 @@ TEST_F(OptionsScreen, ShowsTheOptionsOverTheAlignment)
 {
     edit("Right F8 Down");
     EXPECT_SCREEN("options");
-    edit("F8 Down*4 Enter Down");
-    EXPECT_SCREEN("options_last_line");
 }
 
 TEST_F(OptionsScreen, EachEntrySetsItsOptionAndLeavingWritesTheFile)

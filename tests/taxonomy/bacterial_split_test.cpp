@@ -35,11 +35,7 @@ public:
         ending = play_tree(keys).ending;
         return testing::internal::GetCapturedStdout();
     }
-    static std::vector<int> list(int e)
-    {
-        const auto all = members(e);
-        return {all.begin(), all.end()};
-    }
+    static std::vector<int> list(int e) { return {members(e).begin(), members(e).end()}; }
     Ending ending{};
 };
 
@@ -75,9 +71,8 @@ TEST_F(Split, IsForAnEmptyFirstEnsembleOfBacteria)
     EXPECT_EQ(split("F2 BackSpace"), "");
     EXPECT_EQ(ending, Ending::script_ended) << "something is selected";
     ASSERT_EQ(add_ensemble(), 1);
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(play("BackSpace", [] { construct_ensemble(1); }).ending, Ending::script_ended);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "a second ensemble";
+    EXPECT_EQ(play("BackSpace", [] { construct_ensemble(1); }).ending, Ending::script_ended)
+        << "a second one";
 
     load_bacteria({"Archaea", "Eukaryota"});
     EXPECT_EQ(split(), "");
@@ -102,6 +97,5 @@ TEST_F(Split, RealBacteriaAreDivided)
 {
     load(ssu_small);
     EXPECT_EQ(split(), "10\n13\n12\n4\n19\n");
-    EXPECT_EQ(constructed, 0);
     EXPECT_EQ(identifier(members(3)[0]).substr(0, 13), "Agrobacterium");
 }

@@ -76,11 +76,6 @@ TEST_F(Lists, ASelectionIsArchivedByRank)
     open({});
     save_keys("");
     EXPECT_EQ(line_of("You have not yet selected any species"), 8);
-    open({.lines = 40, .columns = 160});
-    set_selection(std::vector{0});
-    save_keys("\"" + std::string(96, 'w') + "\" Down \"me\" Down");
-    EXPECT_SCREEN("list_saving_wide");
-    open({});
 }
 
 TEST_F(Lists, AnExistingListIsAskedAboutAndAFailureIsSaid)
@@ -121,16 +116,15 @@ TEST_F(Lists, AListIsLoadedOnAnotherAlignment)
                {.name = "Dog delta@4"}});
     read_taxonomy("FIVE", "five");
     const struct {
-        std::string keys;
+        std::string keys, warning;
         std::vector<std::string> names;
-        const char* warning;
     } cases[] = {
-        {"F8 Enter*2", {"Fox zeta@6", "Dog delta@4"}, "There are 2 species of the list on 4 which"},
+        {"F8 Enter*2", "There are 2 species of the list on 4", {"Fox zeta@6", "Dog delta@4"}},
         {"F8 Enter F3",
-         {"Fox zeta@6", "Dog delta@4", "Cat gamma@99"},
-         "There are 1 species of the list on 4 which"},
+         "There are 1 species of the list on 4",
+         {"Fox zeta@6", "Dog delta@4", "Cat gamma@99"}},
     };
-    for (const auto& [keys, names, warning] : cases) {
+    for (const auto& [keys, warning, names] : cases) {
         play_tree(keys);
         EXPECT_EQ(line_of(warning), 6) << keys;
         set_members(0, std::vector{3});
@@ -283,13 +277,10 @@ TEST_F(Lists, MoreListsThanFitAreReached)
     const struct {
         const char *keys, *current, *first;
     } cases[] = {
-        {"", "l100", "l100"},
-        {"Down*31", "l131", "l100"},
         {"PgDn*2 PgUp", "l110", "l100"},
         {"Right*3", "l190", "l130"},
         {"Right*9", "l299", "l220"},
         {"Right*9 Left*3", "l209", "l190"},
-        {"PgDn*50 Left*9", "l100", "l100"},
     };
     for (const auto& [keys, current, first] : cases) {
         load_keys(keys);
@@ -301,7 +292,6 @@ TEST_F(Lists, MoreListsThanFitAreReached)
         EXPECT_EQ(highlighted, current) << keys;
         EXPECT_EQ(screen_line(3).substr(2, 4), first) << keys;
     }
-    EXPECT_TRUE(shows("1/200"));
     load_keys("Right*9 Enter Delete");
     EXPECT_TRUE(shows("199/199"));
 }

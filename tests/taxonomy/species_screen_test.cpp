@@ -17,19 +17,7 @@ public:
     // Species in the groups A, B, C in turn; the list is all of them, or those of A.
     void load_many(int count)
     {
-        reset_taxonomy();
-        std::vector<Row> rows;
-        std::string groups;
-        for (int i = 0; i < count; i++) {
-            const std::string name = "Genus species" + std::to_string(i + 1);
-            rows.push_back({.name = name + "@X" + std::to_string(i + 1)});
-            groups += name + "," + "ABC"[i % 3] + "\n";
-        }
-        load_rows(rows);
-        write_file("zoltexe/FIVE.fra", "1 May\n" + std::string(five_leaves) + "\n");
-        write_file("zolt/data/five.nom", groups);
-        write_file("zolt/data/five.col", "10,A\n3,B\n14,C\n5,E\n");
-        read_taxonomy("FIVE", "five");
+        TreeTest::load_many(count, [](int i) { return std::string(1, "ABC"[i % 3]); });
         drap_select.fill(-1);
         list_all();
     }
@@ -43,16 +31,6 @@ public:
         return play(keys, [group] { choice_specie(group); });
     }
     static std::vector<int> ranks() { return {retenu.begin(), retenu.begin() + nb_spec}; }
-    // The number in the highlighted name.
-    int current() const
-    {
-        for (int line = 3; line <= _nb_line - 2; line++)
-            for (const int column : {3, 41})
-                if (background_at(line, column) != 0)
-                    return std::stoi(screen_line(line).substr(static_cast<std::size_t>(column) + 17));
-        return 0;
-    }
-    int first_shown() const { return std::stoi(screen_line(3).substr(20)); }
 };
 
 } // namespace
@@ -65,7 +43,7 @@ TEST_F(SpeciesList, LooksLikeThis)
     destroy[6] = 1;
     drap_select[7] = 0;
     pc_len[8] = 7;
-    set_identifier(9, "Longissimus nominifer subspecies major@X10");
+    set_identifier(9, "Longissimus nominifer subspecies major@X");
     list("Enter Down Enter Down*5");
     EXPECT_SCREEN("species_list");
     for (const auto& [geometry, golden] : {std::pair{Geometry{.lines = 40, .columns = 120}, "species_wide"},
@@ -77,29 +55,10 @@ TEST_F(SpeciesList, LooksLikeThis)
     open({});
     list("", 0);
     EXPECT_TRUE(shows("List of species with specific characters")) << "not for the first group";
-}
-
-TEST_F(SpeciesList, TheViewFollowsTheCursor)
-{
-    load_many(100); // columns of 30
+    load_many(100);
     drap_select[49] = drap_select[99] = 0;
-    const struct {
-        const char* keys;
-        int current, first; // from 1
-    } cases[] = {
-        {"", 1, 1},
-        {"Up", 1, 1},
-        {"Right*9 Left*2", 40, 31},
-        {"Down*60 Up*31", 30, 1},
-        {"PgDn*9 Left*9", 1, 1},
-        {"+ +", 100, 61},
-        {"+ + +", 100, 61},
-    };
-    for (const auto& [keys, current_entry, first] : cases) {
-        list(keys);
-        EXPECT_EQ(current(), current_entry) << keys;
-        EXPECT_EQ(first_shown(), first) << keys;
-    }
+    list("+*2 Enter Escape");
+    EXPECT_EQ(retenu[99], 1) << "the second one of another ensemble";
 }
 
 TEST_F(SpeciesList, SelectingKeepsRanksWithoutHoles)
@@ -169,11 +128,11 @@ TEST_F(SpeciesList, MovesBetweenGroupsChangeTheList)
     load_many(9); // A: 1, 4, 7; B: 2, 5, 8
     file_ALI = "test.ali";
     list("Down F10 Down Enter", leaf("A"));
-    EXPECT_EQ(working_names(), (std::vector<std::string>{"Genus species1@X1", "Genus species7@X7"}));
+    EXPECT_EQ(working_names(), (std::vector<std::string>{"Genus species1@X", "Genus species7@X"}));
     EXPECT_EQ(no_groupe[3], find_group("B"));
     EXPECT_EQ(list("F10 Down Enter F10 Down Enter", leaf("A")).ending, Ending::returned) << "none is left";
     list("F9 x Enter N F10", leaf("B"));
-    EXPECT_EQ(identifier(0), "Genus species1x@X1");
+    EXPECT_EQ(identifier(0), "Genus species1x@X");
     EXPECT_FALSE(shows("List of species")) << "the group is chosen after the name";
 
     list_all();
@@ -181,9 +140,9 @@ TEST_F(SpeciesList, MovesBetweenGroupsChangeTheList)
     EXPECT_EQ(nb_spec_gro, 9) << "what a search has found stays listed";
     EXPECT_EQ(no_groupe[0], find_group("C"));
 
-    write_file("seq/test.inf", "[ACC] XB2\n[SYS] a; C.\n\n[ACC] XB5\n[SYS] a; E.\n");
-    set_identifier(1, "Genus species2@XB2");
-    set_identifier(4, "Genus species5@XB5");
+    write_file("seq/test.inf", "[ACC] YB2\n[SYS] a; C.\n\n[ACC] YB5\n[SYS] a; E.\n");
+    set_identifier(1, "Genus species2@YB2");
+    set_identifier(4, "Genus species5@YB5");
     list("F8 Q Escape", leaf("B"));
     EXPECT_EQ(no_groupe[1], find_group("C"));
     list("S-F8", leaf("B"));
@@ -193,26 +152,16 @@ TEST_F(SpeciesList, MovesBetweenGroupsChangeTheList)
 
 TEST_F(SpeciesList, NeighboursBringTheirSpeciesIntoTheSelection)
 {
-    const struct {
-        const char* keys; // position of the fragment, number of species
-        std::vector<int> ranks;
-    } cases[] = {
-        {"F5 Enter BackSpace 2 Enter Escape", {3, 1, -1, 2}},
-        {"F5 Enter BackSpace 0 Enter Escape", {-1, -1, -1, -1}},
-        {"m F5 Enter BackSpace 1 Enter Escape", {-1, 1, -1, -1}},
-        {"F6 Enter BackSpace 1 Enter Escape", {2, -1, -1, 1}}, // the list is the species 1 and 4
-    };
-    for (const auto& [keys, expected] : cases) {
-        load_many(4);
-        for (int s = 0; const char* text : {"ACGT", "ACGT", "TTTT", "ACGA"})
-            overwrite(s++, 0, text);
-        if (keys[1] == '6') {
-            cor[1] = 3;
-            nb_spec_gro = 2;
-        }
-        list(keys);
-        EXPECT_EQ(ranks(), expected) << keys;
-    }
+    load_many(4);
+    for (int s = 0; const char* text : {"ACGT", "ACGT", "TTTT", "ACGA"})
+        overwrite(s++, 0, text);
+    list("F5 Enter BackSpace 2 Enter Escape"); // position of the fragment, number of species
+    EXPECT_EQ(ranks(), (std::vector{3, 1, -1, 2}));
+    clear_selection();
+    cor[1] = 3;
+    nb_spec_gro = 2;
+    list("m F6 Enter BackSpace 1 Enter Escape");
+    EXPECT_EQ(ranks(), (std::vector{-1, -1, -1, 1})) << "of the list, and not the masked one";
 }
 
 TEST_F(SpeciesList, EveryStepLeavesTheScreenAsAWholeRedrawWould)

@@ -48,8 +48,6 @@ public:
     void load_many(int count, const std::function<std::string(int)>& group_of,
                    const std::string& frame = "FIVE")
     {
-        load_five_leaves();
-        reset_taxonomy();
         std::vector<std::string> names;
         std::string groups;
         for (int i = 0; i < count; i++) {
@@ -57,8 +55,17 @@ public:
             names.push_back(name + "@X");
             groups += name + "," + group_of(i) + "\n";
         }
-        write_file("zolt/data/five.nom", groups);
+        reset_taxonomy();
         load_names(names);
+        read_five_leaves(groups, frame);
+    }
+
+    // The frame of `five_leaves` (or another one), its colours and these lines of groups.
+    void read_five_leaves(const std::string& nom, const std::string& frame = "FIVE")
+    {
+        write_file("zoltexe/FIVE.fra", "1 May\n" + std::string(five_leaves) + "\n");
+        write_file("zolt/data/five.nom", nom);
+        write_file("zolt/data/five.col", "10,A\n3,B\n14,C\n5,E\n");
         read_taxonomy(frame, "five");
     }
 
@@ -71,11 +78,7 @@ public:
                    {.name = "Dog delta@4", .text = "ACGTACGTAC", .masked = true},
                    {.name = "Elk epsilon@5", .text = "**********"},
                    {.name = "Fox zeta@6", .text = "ACGTACGTNN"}});
-        write_file("zoltexe/FIVE.fra", "1 May\n" + std::string(five_leaves) + "\n");
-        write_file("zolt/data/five.nom",
-                   "Ant alpha,A\nBee beta,B\nCat gamma,C\nDog delta,C\nElk epsilon,A\nFox zeta,E\n");
-        write_file("zolt/data/five.col", "10,A\n3,B\n14,C\n5,E\n");
-        read_taxonomy("FIVE", "five");
+        read_five_leaves("Ant alpha,A\nBee beta,B\nCat gamma,C\nDog delta,C\nElk epsilon,A\nFox zeta,E\n");
     }
 
     void load(const DataSet& set, const std::string& folder = KQ_SOURCE_DIRECTORY "/demo")
