@@ -10,12 +10,10 @@
 #include "taxonomy/frame_files.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
-#include <ctime>
 
 using namespace kq;
 using kq::test::Ending;
@@ -28,9 +26,7 @@ class ChooserTest : public kq::test::ScreenTest {
 public:
     ChooserTest()
     {
-        setenv("TZ", "UTC", 1);
-        tzset();
-        set_clock([] { return std::time_t{1179302400}; }); // 16 May 2007, 8 hours
+        stop_clock(1179302400); // 16 May 2007, 8 hours
         store_allocate();
         alignment_reset();
         chooser_reset();

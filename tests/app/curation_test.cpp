@@ -4,15 +4,9 @@
 #include "core/store.h"
 #include "support/kel_reader.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
-#include <string>
-#include <vector>
 
-namespace fs = std::filesystem;
 using kq::test::Ending;
 
 namespace {
@@ -23,10 +17,8 @@ protected:
     {
         ProgramTest::SetUp();
         remember("BACTERIA", "bacteria");
-        fs::create_directory(path("work"));
-        fs::current_path(path("work"));
+        work_in("work");
     }
-    void TearDown() override { fs::current_path(before_); }
 
     std::string members(int ensemble) const
     {
@@ -35,9 +27,6 @@ protected:
             names += std::string(kq::identifier(species)) + '\n';
         return names;
     }
-
-private:
-    const fs::path before_ = fs::current_path();
 };
 
 const std::string open_fragments = "Down*3 Enter Enter ", open_small = "Down*4 Enter Enter ";

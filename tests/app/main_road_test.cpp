@@ -4,9 +4,6 @@
 #include "core/store.h"
 #include "taxonomy/frame.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <sstream>
 
 namespace fs = std::filesystem;

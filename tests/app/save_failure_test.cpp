@@ -17,7 +17,6 @@
 #include <unistd.h>
 
 #include <fstream>
-#include <functional>
 
 using namespace kq;
 using kq::test::AliFolder;

@@ -2,8 +2,6 @@
 #include "editor/editing.h"
 #include "editor_test.h"
 
-#include <random>
-
 using namespace kq;
 using test::EditorTest;
 

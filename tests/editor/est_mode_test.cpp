@@ -5,7 +5,6 @@
 #include "editor_test.h"
 #include "screen/dialogs.h"
 
-#include <random>
 #include <tuple>
 
 using namespace kq;

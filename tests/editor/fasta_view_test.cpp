@@ -18,21 +18,15 @@ namespace {
 class FastaTest : public EditorTest {
 public:
     FastaTest()
-        : before_(fs::current_path())
     {
-        fs::create_directory(path("work"));
-        fs::current_path(path("work"));
+        work_in("work");
         const std::string noting = path("noting$$"), noted_file = path("noted");
         write_file("viewer", "#!/bin/sh\nexec 2>/dev/null\nfor a; do echo \"<$a>\"; done >" + noting +
                                  "\nmv " + noting + " " + noted_file + "\n");
         fs::permissions(path("viewer"), fs::perms::owner_all);
         setenv("KQ_VIEWER", path("viewer").c_str(), 1);
     }
-    ~FastaTest() override
-    {
-        fs::current_path(before_);
-        unsetenv("KQ_VIEWER");
-    }
+    ~FastaTest() override { unsetenv("KQ_VIEWER"); }
     // What the viewer was called with; it runs in the background.
     std::string noted() const
     {
@@ -40,9 +34,6 @@ public:
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         return read_file("noted");
     }
-
-private:
-    fs::path before_;
 };
 
 std::string residues(std::size_t count)

@@ -1,10 +1,7 @@
 #include "core/options.h"
 #include "core/residues.h"
 #include "editor/options_file.h"
-#include "screen/text.h"
 #include "support/screen_test.h"
-
-#include <string>
 
 using namespace kq;
 
@@ -55,10 +52,6 @@ TEST_F(OptionsFileTest, WithoutAFileEverythingIsDefault)
     EXPECT_EQ(color_char_arn[8], 1);
     EXPECT_EQ(opt_evalue, 1) << "the choice of score is no display option";
     EXPECT_EQ(_nb_line, 40) << "the window has its own file";
-
-    std::remove(path("zolt/data/pyx.sys").c_str());
-    read_config_affiche();
-    EXPECT_EQ(_nb_line, default_lines);
 }
 
 TEST_F(OptionsFileTest, NonsenseNeverLeavesTheTables)
@@ -73,7 +66,6 @@ TEST_F(OptionsFileTest, NonsenseNeverLeavesTheTables)
         {"huge numbers", lines(44, "99999999999999999999"), 0, 1, 0},
         {"short: the rest as it was", "0\n0\n0\n0\n1\n7\n", 1, 2, 2},
         {"not a number", "1\n0\nx\n0\n1\n" + lines(39, "6"), 2, 2, 2},
-        {"empty", "", 2, 2, 2},
         {"binary", std::string("\0\xff\xfe", 3), 2, 2, 2},
         {"separated by blanks", "0 0 0 0 2 " + lines(39, "5"), 2, 5, 5},
     };

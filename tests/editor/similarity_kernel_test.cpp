@@ -4,10 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-#include <string>
-#include <vector>
-
 using namespace kq;
 
 namespace {

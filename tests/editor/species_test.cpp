@@ -1,6 +1,5 @@
 // Species go out of the alignment, out of ensembles, and come in.
 #include "editor_test.h"
-#include "taxonomy/frame_files.h"
 
 using namespace kq;
 using test::EditorTest;

@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <random>
-#include <string>
 
 namespace kq {
 namespace {

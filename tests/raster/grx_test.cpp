@@ -8,8 +8,6 @@
 #include <png.h>
 
 #include <array>
-#include <string>
-#include <vector>
 
 namespace kq {
 namespace {

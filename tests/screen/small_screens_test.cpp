@@ -7,8 +7,6 @@
 #include "screen/window.h"
 #include "support/screen_test.h"
 
-#include <random>
-
 namespace kq {
 namespace {
 

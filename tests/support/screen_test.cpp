@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-#include <vector>
 
 namespace kq::test {
 
@@ -83,6 +82,23 @@ ScreenSession::~ScreenSession()
     set_rescue(nullptr);
     set_clock(nullptr);
     set_geometry({}); // for tests without a screen
+    if (!working_directory_.empty()) std::filesystem::current_path(working_directory_);
+}
+
+void ScreenSession::work_in(std::string_view below)
+{
+    working_directory_ = std::filesystem::current_path();
+    std::filesystem::create_directories(path(below));
+    std::filesystem::current_path(path(below));
+}
+
+void ScreenSession::stop_clock(std::time_t now)
+{
+    static std::time_t stopped_at;
+    stopped_at = now;
+    setenv("TZ", "UTC", 1);
+    tzset();
+    set_clock([] { return stopped_at; });
 }
 
 void ScreenSession::set_geometry(const Geometry& geometry)

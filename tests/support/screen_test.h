@@ -17,6 +17,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <functional>
 #include <random>
 #include <string>
@@ -78,12 +79,16 @@ public:
     std::string read_file(std::string_view below) const { return folder_.read(below); }
     std::vector<std::string> file_names(std::string_view below) const { return folder_.names(below); }
     bool has_file(std::string_view below) const;
+    // Makes a directory the working directory, until the session ends.
+    void work_in(std::string_view below);
+    // The clock of the program stands here, in UTC.
+    static void stop_clock(std::time_t now);
 
 private:
     static void set_geometry(const Geometry& geometry);
 
     Folder folder_;
-    std::string root_, errors_;
+    std::string root_, errors_, working_directory_;
 };
 
 // The text of tests/golden/<name>.txt, which is what a test expects to see; UPDATE_GOLDEN=1 in the

@@ -2,20 +2,16 @@
 #include "core/ensemble_columns.h"
 #include "editor/editor_test.h"
 #include "screen/dialogs.h"
-#include "screen/directories.h"
 #include "screen/files.h"
 #include "screen/process.h"
 #include "screen/process_end.h"
 #include "support/kel_reader.h"
 #include "taxonomy/derived_outputs.h"
-#include "taxonomy/frame_files.h"
 #include "tree_fixture.h"
 
 #include <sys/resource.h>
 
-#include <ctime>
 #include <filesystem>
-#include <random>
 
 namespace kq {
 namespace {
@@ -29,21 +25,14 @@ class DerivedOutputs : public test::EditorTest {
 public:
     DerivedOutputs()
     {
-        setenv("TZ", "UTC", 1);
-        tzset();
-        set_clock([] { return std::time_t{1179302400}; }); // 16 May 2007, 8 hours
-        fs::create_directory(path("work"));
-        fs::current_path(path("work"));
+        stop_clock(1179302400); // 16 May 2007, 8 hours
+        work_in("work");
         file_NOM = "/d/zolt/data/five.nom";
         file_COL = "/d/zolt/data/five.col";
         file_KEL.clear();
         add_group("Birds, and so on");
     }
-    ~DerivedOutputs() override
-    {
-        fs::current_path("/");
-        set_replacement(nullptr);
-    }
+    ~DerivedOutputs() override { set_replacement(nullptr); }
 
 protected:
     // The fifth and ninth columns hold no residue of an ensemble; the last species, a deleted one, is in
@@ -221,7 +210,7 @@ class TreeOutputs : public test::TreeTest {};
 
 TEST_F(TreeOutputs, WriteTheSelectionWithoutTouchingTheEditor)
 {
-    fs::current_path(path("zolt"));
+    work_in("zolt");
     load_five_leaves();
     columns_allocate(nb_nuc_tot);
     delcom[3] = 255; // whatever the editor has hidden
@@ -238,7 +227,6 @@ TEST_F(TreeOutputs, WriteTheSelectionWithoutTouchingTheEditor)
     EXPECT_EQ(kel.positions.size(), 10U);
     EXPECT_TRUE(has_file("zolt/all.nom"));
     EXPECT_EQ(std::count(delcom, delcom + nb_nuc_tot, 255), 1);
-    fs::current_path("/");
 }
 
 // ---- against a plain recomputation ------------------------------------------------------------------------

@@ -5,7 +5,6 @@
 
 #include <filesystem>
 #include <numeric>
-#include <random>
 
 using namespace kq;
 using namespace kq::test;

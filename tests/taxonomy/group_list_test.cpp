@@ -1,12 +1,10 @@
 // The list of groups, for choosing and for colours; colours on the tree.
-#include "screen/text.h"
 #include "taxonomy/group_colours.h"
 #include "taxonomy/group_list.h"
 #include "taxonomy/tree_colours.h"
 #include "tree_fixture.h"
 
 #include <filesystem>
-#include <random>
 
 using namespace kq;
 using namespace kq::test;

@@ -7,15 +7,14 @@
 #include "taxonomy_session.h"
 
 #include <climits>
-#include <random>
 
 using namespace kq;
 using namespace kq::test;
 
 namespace {
 
-class LisFiles : public ScreenTest {};
-class ListedSpecies : public TaxonomyTest {};
+using LisFiles = ScreenTest;
+using ListedSpecies = TaxonomyTest;
 
 using Names = std::vector<std::string>;
 

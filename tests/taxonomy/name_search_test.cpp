@@ -8,7 +8,7 @@ using namespace kq::test;
 
 namespace {
 
-class NameSearch : public TreeTest {};
+using NameSearch = TreeTest;
 
 } // namespace
 
@@ -58,9 +58,6 @@ TEST_F(NameSearch, ShowsWhatItFindsOnTheSpeciesScreen)
               Ending::returned);
     EXPECT_EQ(ensemble_names(), (std::vector<std::string>{"Fox zeta@6", "Ant alpha@1"}))
         << "one letter's case, and asked again";
-    open({.lines = 20, .columns = 20});
     play_tree("F10 \"" + std::string(90, 'x') + "yz\"");
-    EXPECT_TRUE(shows("xxxx")) << "cut at the limit";
     EXPECT_EQ(part_spec, std::string(longest_search, 'x'));
-    open({});
 }

@@ -1,6 +1,5 @@
 // The species screen: what it shows, what its keys do.
 #include "core/edit.h"
-#include "screen/text.h"
 #include "taxonomy/group_moves.h"
 #include "taxonomy/species_screen.h"
 #include "tree_fixture.h"

@@ -1,9 +1,6 @@
 // Compacting a region of an alignment, by call and by keys.
 #include "editor/editor_test.h"
-#include "support/plain_reference.h"
 #include "tools/gap_compaction.h"
-
-#include <random>
 
 using namespace kq;
 using test::EditorTest;
