@@ -1,7 +1,6 @@
 // The edit door: its limits, and what the random edits do not reach.
 #include "core/column_counts.h"
 #include "core/columns.h"
-#include "core/consensus.h"
 #include "core/edit.h"
 #include "core/store.h"
 #include "support/ali_folder.h"
@@ -122,27 +121,4 @@ TEST(Edit, CountsSurviveTheChangeOfTheirWidth)
     remove_ensemble(2);
     EXPECT_EQ(column_counts(CountedSet::ensembles).count(8, 0), 60000U - 6U);
     EXPECT_EQ(columns_error(), "");
-}
-
-// Deliberate: discarding an ensemble leaves the consensus strings where they are; the ensembles that moved
-// down show the old ones until they are computed.
-TEST(Edit, DiscardedEnsembleLeavesItsConsensusBehind)
-{
-    load({"AAAA", "CCCC", "GGGG"});
-    for (int e = 0; e < 3; e++) {
-        if (e > 0) add_ensemble();
-        set_members(e, std::vector{e});
-        set_collapsed(e, true);
-        set_ensemble_name(e, "ensemble " + std::to_string(e));
-        compute_consensus(e);
-    }
-    remove_ensemble(0);
-    EXPECT_EQ(nb_ens, 2);
-    EXPECT_STREQ(ens_names[0], "ensemble 1");
-    EXPECT_STREQ(ens_names[2], "");
-    EXPECT_STREQ(seq_cons[0], "AAAA");
-    compute_consensus(0);
-    EXPECT_STREQ(seq_cons[0], "CCCC");
-    EXPECT_EQ(add_ensemble(), 2); // a new ensemble begins blank
-    EXPECT_STREQ(seq_cons[2], "    ");
 }

@@ -108,27 +108,28 @@ TEST_F(EditorScreenTest, DialogsLeaveNoTraces)
     }
     edit("Right");
     EXPECT_EQ(screen_dump(), before);
-    for (const char* keys : {"Right S-F4 N",
-                             "Right D N",
-                             "Right X Escape",
-                             "Right U N",
-                             "Right P N",
-                             "Right F11 Escape",
-                             "Right O Escape",
-                             "Right O Enter Escape",
-                             "Right O Down Enter ( Escape",
-                             "Right S-F1 N",
-                             "Right Escape N",
-                             "Right S-F9 Escape",
-                             "Right F3 N",
-                             "Right A-BackSpace Escape",
-                             "Right S-F8 N",
-                             "Right S-F8 Y Escape",
-                             "Right F1 Escape",
-                             "Right A-BackSpace N",
-                             "Right A-BackSpace Enter",
-                             "Right A-BackSpace Y Escape"}) {
-        edit(keys);
+    const char* const scripts[] = {"S-F4 N",
+                                   "D N",
+                                   "X Escape",
+                                   "U N",
+                                   "P N",
+                                   "F11 Escape",
+                                   "O Escape",
+                                   "O Enter Escape",
+                                   "O Down Enter ( Escape",
+                                   "S-F1 N",
+                                   "Escape N",
+                                   "S-F9 Escape",
+                                   "F3 N",
+                                   "A-BackSpace Escape",
+                                   "S-F8 N",
+                                   "S-F8 Y Escape",
+                                   "F1 Escape",
+                                   "A-BackSpace N",
+                                   "A-BackSpace Enter",
+                                   "A-BackSpace Y Escape"};
+    for (const auto* keys : scripts) {
+        edit(std::string("Right ") + keys);
         EXPECT_EQ(screen_dump(), before) << keys;
     }
     EXPECT_FALSE(changed());

@@ -358,15 +358,7 @@ TEST_F(SimilarityTest, RelativesOfAFragmentAreSelected)
         EXPECT_EQ(played.keys_left, 0) << c.what;
         EXPECT_EQ(count, std::ssize(c.selected)) << c.what;
         EXPECT_EQ(selected_species(), c.selected) << c.what;
-        nbtot_groupe = {};
-        for (std::size_t s = 0; s < 8; s++)
-            nbtot_groupe[0][s % 3]++;
-        EXPECT_EQ(selection_error(), "") << c.what;
     }
-    load_relatives(*this);
-    select_species(1);
-    play("Enter Enter", [] { EXPECT_EQ(simil_tous(1, 0, all_species), 2); });
-    EXPECT_EQ(selected_species(), (std::vector{1, 2, 6})) << "those selected before keep their ranks";
 }
 
 TEST_F(SimilarityTest, ALongRankingScrollsBesideItsQuestion)

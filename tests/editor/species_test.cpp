@@ -74,8 +74,7 @@ TEST_F(SpeciesTest, TheLastRowOnDisplayIsNeverTakenAway)
 TEST_F(SpeciesTest, CursorAndTopRowFindNewPlaces)
 {
     const struct {
-        const char* what;
-        const char* keys;
+        const char *what, *keys;
         std::vector<int> left;
         int top, cursor, row;
     } cases[] = {

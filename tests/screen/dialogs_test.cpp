@@ -65,19 +65,19 @@ TEST_F(Dialogs, AConfirmationIsAnsweredByKeys)
     EXPECT_SCREEN("dialog_confirmation");
     ask("Left", answer);
     EXPECT_EQ(color_of("(Yes)"), color::yellow);
-    struct Case {
+    const struct {
         const char* keys;
         int answer;
-    };
-    for (const Case& c : {Case{"Enter", 1},
-                          {"Escape", -1},
-                          {"y", 0},
-                          {"N", 1},
-                          {"Right Enter", 0},
-                          {"BackSpace Enter", 0},
-                          {"Left Right Enter", 1},
-                          {"Tab x F1 Up 0 Enter", 1},
-                          {"Left Escape", -1}}) {
+    } cases[] = {{"Enter", 1},
+                 {"Escape", -1},
+                 {"y", 0},
+                 {"N", 1},
+                 {"Right Enter", 0},
+                 {"BackSpace Enter", 0},
+                 {"Left Right Enter", 1},
+                 {"Tab x F1 Up 0 Enter", 1},
+                 {"Left Escape", -1}};
+    for (const auto& c : cases) {
         const auto played = ask(c.keys, answer);
         EXPECT_EQ(answer, c.answer) << c.keys;
         EXPECT_EQ(played.keys_left, 0) << c.keys;
@@ -106,18 +106,12 @@ TEST_F(Dialogs, AMenuWrapsAround)
     int choice = 9;
     choose("Down", choice, 2);
     EXPECT_SCREEN("dialog_menu");
-    struct Case {
+    const struct {
         const char* keys;
         int current, choice;
-    };
-    for (const Case& c : {Case{"Enter", 3, 3},
-                          {"Down Enter", 6, 0},
-                          {"PgDn Enter", 4, 2},
-                          {"PgUp Enter", 1, 3},
-                          {"x F1 Tab Enter", 1, 1},
-                          {"Escape", 1, -1},
-                          {"Enter", 99, 6},
-                          {"Enter", -4, 0}}) {
+    } cases[] = {{"Enter", 3, 3},          {"Down Enter", 6, 0}, {"PgDn Enter", 4, 2}, {"PgUp Enter", 1, 3},
+                 {"x F1 Tab Enter", 1, 1}, {"Escape", 1, -1},    {"Enter", 99, 6},     {"Enter", -4, 0}};
+    for (const auto& c : cases) {
         choose(c.keys, choice, c.current);
         EXPECT_EQ(choice, c.choice) << c.keys << " from " << c.current;
         EXPECT_EQ(line(5), "");

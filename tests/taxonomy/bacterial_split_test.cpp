@@ -11,23 +11,6 @@ namespace {
 
 class Split : public TreeTest {
 public:
-    // One species for each of these groups, which are the leaves of the frame, too.
-    void load_bacteria(const std::vector<std::string>& groups)
-    {
-        std::vector<Row> rows;
-        std::string frame(groups.size() - 1, '('), nom;
-        for (std::size_t i = 0; i < groups.size(); i++) {
-            rows.push_back({.name = "Genus n" + std::to_string(i)});
-            nom += rows.back().name + "," + groups[i] + "\n";
-            frame += (i ? "," : "") + groups[i] + ":371:8:-1" + (i ? ")?:200:8:-1" : "");
-        }
-        load_rows(rows);
-        write_file("zoltexe/BACT.fra", "v\n" + frame + ";\n");
-        write_file("zolt/data/bact.nom", nom);
-        write_file("zolt/data/bact.col", "");
-        read_taxonomy("BACT", "bact");
-        set_caractere();
-    }
     // What Backspace on the tree screen writes.
     std::string split(std::string_view keys = "BackSpace")
     {
@@ -43,8 +26,9 @@ public:
 
 TEST_F(Split, GroupsGoToTheirEnsembles)
 {
-    load_bacteria({"A_Proteobacteria", "Aquificales", "Archaea", "B_Proteobacteria", "Cyanobacteria",
-                   "E_Proteobacteria", "Firmicutes", "G_Proteobacteria", "Gram_positive_low_GC", "Spiro"});
+    set_caractere();
+    load_leaves({"A_Proteobacteria", "Aquificales", "Archaea", "B_Proteobacteria", "Cyanobacteria",
+                 "E_Proteobacteria", "Firmicutes", "G_Proteobacteria", "Gram_positive_low_GC", "Spiro"});
     set_destroyed(8, true);
     while (nb_ens < 7)
         add_ensemble();
@@ -67,14 +51,14 @@ TEST_F(Split, GroupsGoToTheirEnsembles)
 
 TEST_F(Split, IsForAnEmptyFirstEnsembleOfBacteria)
 {
-    load_bacteria({"A_Proteobacteria", "Archaea"});
+    load_leaves({"A_Proteobacteria", "Archaea"});
     EXPECT_EQ(split("F2 BackSpace"), "");
     EXPECT_EQ(ending, Ending::script_ended) << "something is selected";
     ASSERT_EQ(add_ensemble(), 1);
     EXPECT_EQ(play("BackSpace", [] { construct_ensemble(1); }).ending, Ending::script_ended)
         << "a second one";
 
-    load_bacteria({"Archaea", "Eukaryota"});
+    load_leaves({"Archaea", "Eukaryota"});
     EXPECT_EQ(split(), "");
     EXPECT_EQ(line_of("There are no species in the groups of bacteria"), 8);
     EXPECT_EQ(nb_ens, 2);
@@ -84,9 +68,9 @@ TEST_F(Split, IsForAnEmptyFirstEnsembleOfBacteria)
 
 TEST_F(Split, TakesTenThousandOfEachEnsemble)
 {
-    load_bacteria({"G_Proteobacteria", "Archaea"});
+    load_leaves({"G_Proteobacteria", "Archaea"});
     load_many(
-        10003, [](int i) { return i == 0 ? "Archaea" : "G_Proteobacteria"; }, "BACT");
+        10003, [](int i) { return i == 0 ? "Archaea" : "G_Proteobacteria"; }, "LEAVES");
     EXPECT_EQ(split(), "0\n0\n10000\n0\n0\n");
     EXPECT_EQ(line_of("You can select at most 10000 species per ensemble"), 8);
     EXPECT_EQ(list(2).front(), 1);

@@ -13,8 +13,7 @@ TEST(Classification, IsTheNextOneBehindTheAccession)
                             "[ACC] X12 X3\r\n[DEF] none\r\nsee [SYS] Bacteria;\r\nBacillus.\r\n\r\n"
                             "[SYS] of nobody\n[ACC] Z9";
     const struct {
-        const char* accession;
-        const char* text;
+        const char *accession, *text;
     } cases[] = {
         {"X1", "[SYS] Eukaryota; Metazoa; Mammalia; Homo."},
         {"X12", "see [SYS] Bacteria; Bacillus."},

@@ -96,12 +96,11 @@ TEST_F(DerivedOutputs, FilesOfEveryKind)
     nom("\"list\" Enter");
     const auto list = read_file("work/list.nom");
     EXPECT_EQ(test::golden_text("outputs_nom", list), list);
-    const auto multiple = [] { write_multiple_ali(); };
     file_ALI = "test.part.ali"; // an extension begins at the first point
     write_file("work/test1.ali", "an older one");
-    play("", multiple);
+    play("", write_multiple_ali);
     EXPECT_SCREEN("outputs_multiple");
-    EXPECT_EQ(play("Z", multiple).ending, Ending::returned);
+    EXPECT_EQ(play("Z", write_multiple_ali).ending, Ending::returned);
     const auto both = read_file("work/test0.ali") + read_file("work/test1.ali");
     EXPECT_EQ(test::golden_text("outputs_ali_each", both), both);
     EXPECT_EQ(files(),

@@ -102,34 +102,7 @@ TEST(ListNames, AreNamesOfFilesThatAListingShows)
 
 // ---- loading ----------------------------------------------------------------------------------------------
 
-TEST_F(Lists, AListIsLoadedOnAnotherAlignment)
-{
-    set_selection(std::vector{5, 0, 3, 2});
-    save_keys("\"mine\" Enter*3");
-    load_rows({{.name = "Cat gamma@99"},
-               {.name = "Ant alpha@1", .masked = true},
-               {.name = "Fox zeta@6"},
-               {.name = "Dog delta@4"}});
-    read_taxonomy("FIVE", "five");
-    const struct {
-        std::string keys, warning;
-        std::vector<std::string> names;
-    } cases[] = {
-        {"F8 Enter*2", "There are 2 species of the list on 4", {"Fox zeta@6", "Dog delta@4"}},
-        {"F8 Enter F3",
-         "There are 1 species of the list on 4",
-         {"Fox zeta@6", "Dog delta@4", "Cat gamma@99"}},
-    };
-    for (const auto& [keys, warning, names] : cases) {
-        play_tree(keys);
-        EXPECT_EQ(line_of(warning), 6) << keys;
-        set_members(0, std::vector{3});
-        EXPECT_EQ(play_tree(keys + " Q F3 Enter").ending, Ending::returned) << keys;
-        EXPECT_EQ(ensemble_names(), names) << keys;
-    }
-}
-
-TEST_F(Lists, RepeatedSpeciesAreNamedAFewTimesAndCounted)
+TEST_F(Lists, RepeatedAndUnknownSpeciesAreSaid)
 {
     std::vector<std::string> names;
     std::string twice;
@@ -147,6 +120,13 @@ TEST_F(Lists, RepeatedSpeciesAreNamedAFewTimesAndCounted)
     load_keys("Enter*2 Q*6");
     EXPECT_TRUE(shows("There are 1 species of the list on 6000 which are not in the file"));
     EXPECT_EQ(selected(), names);
+    load_rows({{.name = "Cat gamma@99"}, {.name = "Ant alpha@1", .masked = true}, {.name = "Fox zeta@6"}});
+    read_taxonomy("FIVE", "five");
+    write_list("a.lis", "Fox zeta@6\nCat gamma@3\nAnt alpha@1\n", 3);
+    load_keys("Enter*2");
+    EXPECT_TRUE(shows("There are 2 species of the list on 3"));
+    load_keys("Enter F3 Q");
+    EXPECT_EQ(selected(), (std::vector<std::string>{"Fox zeta@6", "Cat gamma@99"})) << "without \"@\"";
 }
 
 TEST_F(Lists, TheChooserShowsListsAndWhatTheySay)
@@ -160,10 +140,6 @@ TEST_F(Lists, TheChooserShowsListsAndWhatTheySay)
     EXPECT_EQ(load_keys("Down Enter Q Escape Escape").ending, Ending::returned);
     EXPECT_EQ(redraw, TreeRedraw::screen);
     EXPECT_EQ(nb_retenu, 0);
-    open({.lines = 40, .columns = 160});
-    load_keys("Enter F2 \"" + std::string(96, 'w') + "\"");
-    EXPECT_SCREEN("list_rename_wide");
-    open({});
 }
 
 TEST_F(Lists, AWrongFileLeavesTheSelection)

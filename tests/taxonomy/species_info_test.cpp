@@ -74,13 +74,9 @@ TEST_F(SpeciesInfo, ReadsWhateverTheFileHolds)
         {"CR line ends", "[ORG] Ant\r\n[ACC] AB1234\r\n\r\n[ORG] Bee\r\n", {"[ORG] Ant", "[ACC] AB1234"}},
         {"no newline at the end", "[ORG] Ant\n[ACC] AB1234", {"[ORG] Ant", "[ACC] AB1234"}},
         {"no tags, no commas", "AB1234\nwhatever", {"", "AB1234", "whatever"}},
-        {"the organism after the accession",
-         "[ORG] Bee\n\n[ACC] AB1234\n[ORG] Ant\n",
-         {"[ORG] Ant", "[ACC] AB1234", "[ORG] Ant"}},
+        {"after it", "[ORG] Bee\n\n[ACC] AB1234\n[ORG] Ant\n", {"[ORG] Ant", "[ACC] AB1234", "[ORG] Ant"}},
         {"the organism of another record", "[ORG] Bee\n[ACC] XY99\n\n[ACC] AB1234\n", {"", "[ACC] AB1234"}},
-        {"long lines",
-         long_line + "\n[ACC] AB1234\n" + long_line,
-         {"", "[ACC] AB1234", long_line.substr(0, 76)}},
+        {"long", long_line + "\nAB1234\n" + long_line, {"", "AB1234", long_line.substr(0, 76)}},
     };
     for (const auto& [what, text, expected] : cases) {
         write_inf(text);

@@ -69,6 +69,25 @@ public:
         read_taxonomy(frame, "five");
     }
 
+    // A frame of these leaves only, "Genus n0" and so on in them.
+    void load_leaves(const std::vector<std::string>& leaves)
+    {
+        std::vector<std::string> names;
+        std::string frame(leaves.size() - 1, '('), groups, colours;
+        for (const auto& leaf : leaves) {
+            const std::string number = std::to_string(names.size());
+            names.push_back("Genus n" + number);
+            groups += names.back() + "," + leaf + "\n";
+            colours += std::to_string(1 + (names.size() - 1) % 15) + "," + leaf + "\n";
+            frame += (number == "0" ? "" : ",") + leaf + ":371:8:-1" + (number == "0" ? "" : ")?:200:8:-1");
+        }
+        load_names(names);
+        write_file("zoltexe/LEAVES.fra", "v\n" + frame + ";\n");
+        write_file("zolt/data/leaves.nom", groups);
+        write_file("zolt/data/leaves.col", colours);
+        read_taxonomy("LEAVES", "leaves");
+    }
+
     // Six species on the five leaves of `five_leaves`.
     void load_five_leaves()
     {
