@@ -69,6 +69,8 @@ TEST_F(OptionsScreen, HidingGapsGoesToTheFirstPositionWhenItChanges)
     edit("Right*3 F8 Down Enter Down Enter Escape");
     EXPECT_EQ(cursor_position(), 0);
     EXPECT_EQ(nb_nuc, 10);
+    edit("Right*3 F8 Down Enter Up Enter Escape");
+    EXPECT_EQ(nb_nuc, 9);
 
     opt_nogap = 1;
     load({"****"});

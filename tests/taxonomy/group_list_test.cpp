@@ -138,6 +138,8 @@ TEST_F(GroupList, LeavesAreColouredOnTheTree)
     play_tree("Up*2 S-F11 1 Down*2 Enter Escape");
     EXPECT_EQ(col_text(), "5,E\n7,D\n14,C\n15,B\n5,A\n") << "as in the file again";
     EXPECT_TRUE(shows("F1:Help F2:All"));
+    play_tree("S-F11"); // on an expanded branch
+    EXPECT_TRUE(shows("F1:Help F2:All"));
     // The file goes away or is spoilt meanwhile: the colours from before are back.
     std::filesystem::remove(file_COL);
     play_tree("Up*2 S-F11 1 Escape");

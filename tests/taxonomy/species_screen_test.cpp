@@ -56,8 +56,9 @@ TEST_F(SpeciesList, LooksLikeThis)
     EXPECT_TRUE(shows("List of species with specific characters")) << "not for the first group";
     load_many(100);
     drap_select[49] = drap_select[99] = 0;
-    list("+*2 Enter Escape");
+    list("+*2 Enter");
     EXPECT_EQ(retenu[99], 1) << "the second one of another ensemble";
+    EXPECT_TRUE(shows("species61@X") && !shows("species60@X")) << "stands in the second column";
 }
 
 TEST_F(SpeciesList, SelectingKeepsRanksWithoutHoles)
