@@ -1,5 +1,5 @@
 // The keys of the species screen on a list of 20000 selected species: outside drawing beside the plain form
-// of the same rule, and with drawing.
+// of the same rule, and with drawing; the moves of the tree and reorder screens with as many species loaded.
 #include "core/families.h"
 #include "core/store.h"
 #include "raster/grx.h"
@@ -8,10 +8,13 @@
 #include "taxonomy/fra_file.h"
 #include "taxonomy/frame.h"
 #include "taxonomy/frame_build.h"
+#include "taxonomy/frame_layout.h"
 #include "taxonomy/group_files.h"
 #include "taxonomy/group_moves.h"
+#include "taxonomy/reorder_screen.h"
 #include "taxonomy/selection.h"
 #include "taxonomy/species_screen.h"
+#include "taxonomy/tree_screen.h"
 #include "taxonomy/tree_walk.h"
 
 #include <benchmark/benchmark.h>
@@ -151,8 +154,28 @@ BENCHMARK(next_of_another_ensemble)->Unit(benchmark::kMicrosecond);
 
 // ---- with drawing -----------------------------------------------------------------------------------------
 
-// The screen from its opening to its end, with 800 keys in between: `round` is four of them.
-void keys(benchmark::State& state, const std::string& round)
+void species_screen()
+{
+    choice_specie(list_without_group);
+}
+
+void reorder_screen()
+{
+    gere_reorder_specie_retenue();
+}
+
+// On the frame's root, half of the species selected: as many as an ensemble can take.
+void tree_screen()
+{
+    set_selection(working_list().first(max_ensemble_species));
+    pcour = proot;
+    no_arbre = 0;
+    adjust_frame();
+    gere_arbre(0);
+}
+
+// A screen from its opening to its end, with 800 keys in between: `round` is four of them.
+void keys(benchmark::State& state, void (*screen)(), const std::string& round, const std::string& end)
 {
     constexpr int rounds = 200;
     std::string script;
@@ -161,9 +184,9 @@ void keys(benchmark::State& state, const std::string& round)
     for (auto _ : state) {
         state.PauseTiming();
         begin(true, static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
-        GrMemoryScript(script + "Escape");
+        GrMemoryScript(script + end);
         state.ResumeTiming();
-        choice_specie(list_without_group);
+        screen();
     }
     state.SetItemsProcessed(4 * rounds * state.iterations());
 }
@@ -173,9 +196,14 @@ void geometries(benchmark::internal::Benchmark* bench)
     bench->Args({34, 80})->Args({200, 160})->Unit(benchmark::kMillisecond);
 }
 
-BENCHMARK_CAPTURE(keys, down_up, "Down Up Down Up")->Apply(geometries);
-BENCHMARK_CAPTURE(keys, a_view_on_and_back, "Right*2 Left*2")->Apply(geometries);
-BENCHMARK_CAPTURE(keys, deselect_and_select, "Enter Up Enter Up")->Apply(geometries);
+BENCHMARK_CAPTURE(keys, down_up, species_screen, "Down Up Down Up", "Escape")->Apply(geometries);
+BENCHMARK_CAPTURE(keys, a_view_on_and_back, species_screen, "Right*2 Left*2", "Escape")->Apply(geometries);
+BENCHMARK_CAPTURE(keys, deselect_and_select, species_screen, "Enter Up Enter Up", "Escape")
+    ->Apply(geometries);
+BENCHMARK_CAPTURE(keys, reorder_down_up, reorder_screen, "Down Up Down Up", "Escape")->Apply(geometries);
+BENCHMARK_CAPTURE(keys, reorder_views, reorder_screen, "Right*2 Left*2", "Escape")->Apply(geometries);
+BENCHMARK_CAPTURE(keys, tree_down_up, tree_screen, "Up Down PgUp PgDn", "F3")->Apply(geometries);
+BENCHMARK_CAPTURE(keys, tree_to_parent, tree_screen, "Left*3 Home", "F3")->Apply(geometries);
 
 } // namespace
 } // namespace kq
