@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # The rules of the house that no compiler checks. Usage: house_rules.sh SOURCE-DIRECTORY
+# shellcheck disable=SC2016 # dollars in patterns are awk's
 set -uo pipefail
 cd "$1/src" || exit 1
 failures=0
@@ -19,8 +20,8 @@ none "a folder is unknown or includes one above it" "$(awk '
 # A .h and its .cpp together are a module.
 none "modules form a circle" "$(sed -E 's/\.(h|cpp)( |$)/\2/g' <<< "$includes" | awk '$1 != $2' | tsort 2>&1 >/dev/null)"
 
-none "a first line does not say which kind of file it is" "$(find . -name '*.h' -o -name '*.cpp' |
-    xargs awk 'FNR == 1 && !/^\/\/ (model|kernel|format|screen|platform): ./ { print FILENAME ": " $0 }')"
+none "a first line does not say which kind of file it is" "$(find . -name '*.h' -print0 -o -name '*.cpp' -print0 |
+    xargs -0 awk 'FNR == 1 && !/^\/\/ (model|kernel|format|screen|platform): ./ { print FILENAME ": " $0 }')"
 none "a kernel includes what is none" "$(awk '
     NR == FNR { kernel[$1]; next }
     $1 in kernel && !($2 in kernel)' <(grep -rl '^// kernel: ' -- *) - <<< "$includes")"

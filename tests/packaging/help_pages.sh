@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The key reference and the help pages name exactly the keys of their screens, and the pages fit their boxes.
 # Usage: help_pages.sh KQ-KEYS SOURCE-DIRECTORY
+# shellcheck disable=SC2016 # the backquotes in patterns are those of Markdown
 set -uo pipefail
 export LC_ALL=C
 keys_program=$1
