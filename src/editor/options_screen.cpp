@@ -178,6 +178,7 @@ void choice_config_affiche()
         const int chosen = _choice_option(menu_line, last, labels, menu_width);
         if (chosen == escaped) break;
         last = chosen;
+        draw_options(); // the next box may be a smaller one
         entries[chosen].run();
     }
     write_options();
