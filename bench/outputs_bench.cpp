@@ -70,13 +70,11 @@ void measure(Size size, bool alternating)
     struct stat status {};
     stat(target.c_str(), &status);
     const std::string bytes(static_cast<std::size_t>(status.st_size), 'A');
-    std::vector<double> plain, ours, columns;
-    for (int run = 0; run < 9; run++) {
+    std::vector<double> columns;
+    for (int run = 0; run < 9; run++)
         columns.push_back(seconds([] { hidden_columns(all_ensembles(), false); }));
-        if (run % 2 == 0) plain.push_back(seconds([&] { write_plainly(target + "0", bytes); }));
-        ours.push_back(seconds([&] { write_ours(target); }));
-        if (run % 2 != 0) plain.push_back(seconds([&] { write_plainly(target + "0", bytes); }));
-    }
+    const auto [plain, ours] = times_in_turn(
+        10, [&] { write_plainly(target + "0", bytes); }, [&] { write_ours(target); });
     std::printf("| %d x %d%s | %.0f | %.3f s | %.3f s | %.2f | %.3f s |\n", size.species, size.columns,
                 alternating ? ", every second column hidden" : "", static_cast<double>(bytes.size()) / 1e6,
                 best(plain), best(ours), best(ours) / best(plain), best(columns));

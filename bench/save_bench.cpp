@@ -79,19 +79,11 @@ void measure(Size size)
     }
     std::filesystem::copy_file(path, folder() + "plain.ali");
     sync();
-    std::vector<double> plain, ours;
-    const auto run_plain = [&] { plain.push_back(seconds([&] { save_plainly(text); })); };
-    const auto run_ours = [&] {
-        ours.push_back(seconds([] {
+    const auto [plain, ours] = times_in_turn(
+        10, [&] { save_plainly(text); },
+        [] {
             if (!save_ali().empty()) std::abort();
-        }));
-    };
-    // Each goes first as often as the other: what one left to the disk may still be under way.
-    for (int run = 0; run < 10; run++) {
-        if (run % 2 == 0) run_plain();
-        run_ours();
-        if (run % 2 != 0) run_plain();
-    }
+        });
     std::printf("| %d x %d | %.3f s | %.3f s | %.2f |\n", size.species, size.columns, best(plain), best(ours),
                 best(ours) / best(plain));
     std::fflush(stdout);

@@ -1,10 +1,8 @@
 // Selecting, deselecting and grouping 20000 species, each beside the plain form of the same rule.
-#include "core/families.h"
+#include "bench/grouped_species.h"
 #include "core/lifecycle.h"
 #include "core/store.h"
-#include "taxonomy/fra_file.h"
 #include "taxonomy/frame.h"
-#include "taxonomy/frame_build.h"
 #include "taxonomy/group_files.h"
 #include "taxonomy/selection.h"
 #include "taxonomy/species_lists.h"
@@ -19,38 +17,6 @@
 using namespace kq;
 
 namespace {
-
-constexpr int species_count = max_species, leaf_count = 138;
-
-std::string nom_file;
-
-// The largest alignment, short rows, spread over a frame of 138 leaves; the lines of the group file are in
-// another order than the species.
-void prepare()
-{
-    static bool ready = false;
-    if (ready) return;
-    ready = true;
-    store_allocate();
-    store_begin(species_count, 4);
-    for (int s = 0; s < species_count; s++)
-        store_put(s, "Genus species number " + std::to_string(s) + "@X" + std::to_string(s * 7), "ACGT",
-                  false, false);
-    derive_families();
-
-    std::string frame(leaf_count - 1, '(');
-    frame += "g0:371:8:-1";
-    for (int i = 1; i < leaf_count; i++)
-        frame += ",g" + std::to_string(i) + ":371:8:-1)?:200:8:-1";
-    build_frame(parse_fra("v\n" + frame + ";\n").nodes);
-    for (int i = 0; i < species_count; i++) {
-        const int s = static_cast<int>(i * 7919L % species_count);
-        nom_file +=
-            "Genus species number " + std::to_string(s) + " , g" + std::to_string(s * 31 % leaf_count) + "\n";
-    }
-    assign_groups(nom_file, "nom");
-    selection_reset();
-}
 
 // ---- the plain forms --------------------------------------------------------------------------------------
 
@@ -112,7 +78,8 @@ long plain_groups(std::string_view text)
 
 void select_fast(benchmark::State& state)
 {
-    prepare();
+    bench::load_grouped_species();
+    selection_reset();
     for (auto _ : state) {
         collect_species_below(*proot);
         retenir_all_specie(retain_all);
@@ -124,7 +91,8 @@ void select_fast(benchmark::State& state)
 
 void select_plain(benchmark::State& state)
 {
-    prepare();
+    bench::load_grouped_species();
+    selection_reset();
     for (auto _ : state) {
         nb_spec_gro = 0;
         plain_search(*proot);
@@ -138,7 +106,8 @@ void select_plain(benchmark::State& state)
 template <class Deselect>
 void deselect(benchmark::State& state, Deselect deselect_below)
 {
-    prepare();
+    bench::load_grouped_species();
+    selection_reset();
     for (auto _ : state) {
         state.PauseTiming();
         collect_species_below(*proot);
@@ -166,7 +135,8 @@ void deselect_plain(benchmark::State& state)
 template <class Rank>
 void rank_selection(benchmark::State& state, Rank rank)
 {
-    prepare();
+    bench::load_grouped_species();
+    selection_reset();
     collect_species_below(*proot);
     retenir_all_specie(retain_all);
     for (auto _ : state)
@@ -186,16 +156,16 @@ void ranking_plain(benchmark::State& state)
 
 void groups_fast(benchmark::State& state)
 {
-    prepare();
+    const std::string& nom_file = bench::load_grouped_species();
     for (auto _ : state)
         if (!assign_groups(nom_file, "nom").empty()) state.SkipWithError("the group file is refused");
 }
 
 void groups_plain(benchmark::State& state)
 {
-    prepare();
+    const std::string& nom_file = bench::load_grouped_species();
     for (auto _ : state)
-        if (plain_groups(nom_file) != species_count) state.SkipWithError("species are missing");
+        if (plain_groups(nom_file) != max_species) state.SkipWithError("species are missing");
 }
 
 BENCHMARK(select_fast)->Unit(benchmark::kMillisecond);

@@ -1,15 +1,12 @@
 // The keys of the species screen on a list of 20000 selected species: outside drawing beside the plain form
 // of the same rule, and with drawing; the moves of the tree and reorder screens with as many species loaded.
-#include "core/families.h"
+#include "bench/grouped_species.h"
 #include "core/store.h"
 #include "raster/grx.h"
 #include "screen/text.h"
 #include "screen/window.h"
-#include "taxonomy/fra_file.h"
 #include "taxonomy/frame.h"
-#include "taxonomy/frame_build.h"
 #include "taxonomy/frame_layout.h"
-#include "taxonomy/group_files.h"
 #include "taxonomy/group_moves.h"
 #include "taxonomy/reorder_screen.h"
 #include "taxonomy/selection.h"
@@ -26,31 +23,6 @@
 namespace kq {
 namespace {
 
-constexpr int species_count = max_species, leaf_count = 138;
-
-// The largest alignment, short rows, in a frame of 138 leaves; a quarter of the species is new, so that names
-// and states differ.
-void load()
-{
-    static bool loaded = false;
-    if (loaded) return;
-    loaded = true;
-    if (!store_allocate() || !store_begin(species_count, 4).empty()) std::abort();
-    std::string groups;
-    for (int s = 0; s < species_count; s++) {
-        const std::string name = "Genus species number " + std::to_string(s);
-        store_put(s, name + "@X" + std::to_string(s * 7), "ACGT", false, s % 4 == 0);
-        groups += name + " , g" + std::to_string(s * 31 % leaf_count) + "\n";
-    }
-    derive_families();
-    std::string frame(leaf_count - 1, '(');
-    frame += "g0:371:8:-1";
-    for (int i = 1; i < leaf_count; i++)
-        frame += ",g" + std::to_string(i) + ":371:8:-1)?:200:8:-1";
-    build_frame(parse_fra("v\n" + frame + ";\n").nodes);
-    assign_groups(groups, "nom");
-}
-
 // All species listed; selected too, or none of them.
 void begin(bool selected, int lines = 34, int columns = 80)
 {
@@ -59,7 +31,7 @@ void begin(bool selected, int lines = 34, int columns = 80)
     _nb_col = columns;
     GrMemoryScript("");
     open_window("bench");
-    load();
+    bench::load_grouped_species();
     selection_reset();
     collect_species_below(*proot);
     if (selected) retenir_all_specie(retain_all);
@@ -140,7 +112,7 @@ void toggle_hundred(benchmark::State& state, bool plain)
 void next_of_another_ensemble(benchmark::State& state)
 {
     begin(false);
-    drap_select[static_cast<std::size_t>(cor[species_count - 1])] = 0;
+    drap_select[static_cast<std::size_t>(cor[max_species - 1])] = 0;
     for (auto _ : state)
         SpeciesScreen(list_without_group).next_of_another_ensemble();
 }
