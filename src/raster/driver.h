@@ -33,6 +33,8 @@ public:
     virtual int wait_key() = 0;
     // Whether wait_key would return a key at once; takes note of everything that has happened to the window.
     virtual bool key_waiting() = 0;
+    // Whether the key is among those that key_waiting speaks of; it and those before it are then taken away.
+    virtual bool take_waiting(int code) = 0;
     virtual bool focused() const { return true; }
 };
 

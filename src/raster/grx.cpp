@@ -4,6 +4,7 @@
 #include "raster/driver.h"
 #include "raster/fnt_file.h"
 #include "raster/key_script.h"
+#include "raster/keys.h"
 #include "raster/memory.h"
 #include "raster/palette.h"
 #include "raster/pc_fonts.h"
@@ -428,6 +429,15 @@ bool GrKeyPressed()
     const bool waiting = s.driver->key_waiting();
     present_when_due();
     return waiting;
+}
+
+bool GrEscapePressed()
+{
+    auto& s = screen();
+    if (!s.open) return false;
+    const bool pressed = s.driver->take_waiting(key::escape);
+    present_when_due();
+    return pressed;
 }
 
 // ---- the memory driver ------------------------------------------------------------------------------------

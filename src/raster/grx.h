@@ -4,7 +4,8 @@
 // Pixels are (x, y) from the top left corner, both from 0. All drawing is clipped to the screen.
 // A colour value is a palette index; the sixteen basic colours are entries 0 to 15 in EGA order.
 // What is drawn reaches the window when the program waits for a key, and at the latest 50 ms after the last
-// time while it goes on drawing without waiting (GrFlush, GrKeyPressed and GrKeyRead look at the clock).
+// time while it goes on drawing without waiting (GrFlush and the functions of the keyboard look at the
+// clock).
 #pragma once
 
 #include <functional>
@@ -114,6 +115,8 @@ void GrMouseDisplayCursor(); // shows the mouse pointer over the window
 int GrKeyRead();
 // Whether a key is waiting; does not read it.
 bool GrKeyPressed();
+// Whether ESCAPE is among the waiting keys; it and those before it are then taken away.
+bool GrEscapePressed();
 
 // ---- the memory driver ------------------------------------------------------------------------------------
 // The same pixels without a server; keys come from the script file named by KQ_SCRIPT, or from

@@ -73,4 +73,19 @@ bool MemoryDriver::key_waiting()
     return next < script_.steps.size() && script_.steps[next].early;
 }
 
+bool MemoryDriver::take_waiting(int code)
+{
+    for (auto next = step_; next < script_.steps.size(); next++) {
+        const ScriptStep& step = script_.steps[next];
+        if (step.kind == ScriptStep::screen) continue;
+        if (!step.early) return false;
+        if (std::find(step.codes.begin(), step.codes.end(), code) != step.codes.end()) {
+            while (wait_key() != code) {
+            }
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace kq

@@ -30,6 +30,7 @@ public:
     int wait_key() override;
     // True only for keys that the script marks as early.
     bool key_waiting() override;
+    bool take_waiting(int code) override;
 
     const Surface& shown() const { return shown_; } // what a window would show
     const std::string& title() const { return title_; }

@@ -248,6 +248,7 @@ public:
     void present(const Surface& picture, const Palette& palette, std::span<const Rect> changed) override;
     int wait_key() override;
     bool key_waiting() override;
+    bool take_waiting(int code) override;
     bool focused() const override { return focused_; }
 
     void connection_is_lost();
@@ -468,6 +469,15 @@ bool XwinDriver::key_waiting()
         handle(event);
     }
     return !keys_.empty();
+}
+
+bool XwinDriver::take_waiting(int code)
+{
+    if (!key_waiting()) return false;
+    const auto found = std::find(keys_.begin(), keys_.end(), code);
+    if (found == keys_.end()) return false;
+    keys_.erase(keys_.begin(), found + 1);
+    return true;
 }
 
 void XwinDriver::handle(XEvent& event)

@@ -14,7 +14,7 @@ none() { # none WHAT FOUND: nothing was found
 includes=$(grep -ro --include='*.h' --include='*.cpp' '^#include "[^"]*' -- * | sed 's/:#include "/ /')
 [ "$(wc -l <<< "$includes")" -gt 500 ] || none "too few includes" "$includes"
 none "a folder is unknown or includes one above it" "$(awk '
-    BEGIN { split("raster screen core taxonomy editor tools app", order); for (i in order) rank[order[i]] = i + 0 }
+    BEGIN { split("raster screen core taxonomy editor analysis tools app", order); for (i in order) rank[order[i]] = i + 0 }
     { split($1, from, "/"); split($2, to, "/") }
     !rank[from[1]] || !rank[to[1]] || rank[to[1]] > rank[from[1]]' <<< "$includes")"
 # A .h and its .cpp together are a module.

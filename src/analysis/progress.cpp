@@ -1,0 +1,53 @@
+// screen: what a long computation shows while it runs, and ESCAPE, which stops it.
+#include "analysis/progress.h"
+
+#include "raster/grx.h"
+#include "screen/strings.h"
+#include "screen/text.h"
+
+namespace kq {
+
+namespace {
+
+constexpr int figure_column = 3;
+// From so many pairs on a percentage has a decimal.
+constexpr std::int64_t many_pairs = 100000;
+
+} // namespace
+
+bool go_on()
+{
+    return !GrEscapePressed();
+}
+
+DistanceProgress::DistanceProgress(std::int64_t pairs)
+    : pairs_(pairs)
+{
+    _setbgcolor(color::black);
+    window_hp(12, 10, 14, 70, color::light_green);
+    outtext_inside(
+        2, pairs < many_pairs ? 5 : 7, color::light_cyan,
+        text_format("%c of the %lld distances have been calculated", '%', static_cast<long long>(pairs)));
+    present_screen();
+}
+
+DistanceProgress::~DistanceProgress()
+{
+    _clearscreen(1);
+}
+
+bool DistanceProgress::show(std::int64_t done)
+{
+    const std::int64_t permille = pairs_ == 0 ? 0 : done * 1000 / pairs_;
+    if (permille > permille_) {
+        permille_ = permille;
+        const bool decimal = pairs_ >= many_pairs;
+        const auto whole = static_cast<int>(permille / 10), tenth = static_cast<int>(permille % 10);
+        outtext_inside(2, figure_column, color::black, decimal ? "****" : "**");
+        outtext_inside(2, figure_column, color::yellow,
+                       decimal ? text_format("%2d.%1d", whole, tenth) : text_format("%2d", whole));
+    }
+    return go_on();
+}
+
+} // namespace kq
