@@ -7,9 +7,6 @@ namespace kq {
 
 namespace {
 
-constexpr int default_level = 1, default_percent = 5;
-constexpr double default_alpha = 0.5;
-
 constexpr std::string_view arn_names[arn_distances] = {
     "All the differences",
     "Transitions",

@@ -10,6 +10,8 @@ namespace kq {
 extern int type_auto;   // level of complexity, 1 to 3
 extern int percent_gap; // a position with more than this percentage of gaps is removed, 0 to 100
 extern double alpha;    // shape parameter of the gamma distances
+inline constexpr int default_level = 1, default_percent = 5;
+inline constexpr double default_alpha = 0.5;
 
 inline constexpr int arn_distances = 13, prot_distances = 8;
 
