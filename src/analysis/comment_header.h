@@ -1,0 +1,33 @@
+// format: what the files of an analysis begin with, and the identifiers in them. Opens no box.
+#pragma once
+
+#include <string>
+
+namespace kq {
+
+class NewFile;
+
+// The comment lines above a matrix or tree ('m') or above sequences ('s'), for the file that nomfic names. A
+// matrix says which distance it holds (type_dist).
+std::string comment_header(char kind);
+void write_comment(NewFile& file, char kind);
+
+// How an identifier is fitted to the file it stands in.
+enum IdentifierMode : int {
+    identifier_joined = 1,   // every blank is "_"
+    identifier_trimmed = 2,  // no blanks at the end
+    identifier_binomial = 3, // the blank between the first two words is "_"
+    identifier_quoted = 4,   // the same in single quotes; one inside the name is doubled, as NEXUS wants it
+};
+
+// The identifier of species i of the analysis, at most `length` characters, quotes not counted. It follows
+// the display option opt_identificateur:
+// - 0: whole, with up to 78 "_" after it, 80 characters in all;
+// - 1: genus abbreviated ("H. sapiens"), without anything after it;
+// - 2: the first word, with blanks after it, 80 characters in all.
+// A name without a blank is left whole by 1 and 2.
+std::string identificateur(int i, int length, IdentifierMode mode);
+// Writes it; returns the number of characters written.
+int write_identificateur(NewFile& file, int i, int length, IdentifierMode mode);
+
+} // namespace kq
