@@ -1,0 +1,28 @@
+// platform: a directory of this program's own, for files that outside programs read and write.
+#pragma once
+
+#include "screen/cleanup.h"
+
+#include <string>
+
+namespace kq {
+
+// A new empty directory that only this user can enter; it goes away with all it holds when the object is
+// destroyed or the program ends.
+class PrivateDirectory {
+public:
+    // Below the directory that TMPDIR names, else below the current one.
+    PrivateDirectory();
+    // Absolute, without "/" at its end; empty when it could not be made. Its last part has letters, digits
+    // and underscores only, what is above it may have any character.
+    const std::string& path() const { return path_; }
+    std::string path_of(const std::string& name) const { return path_ + '/' + name; }
+    // Why it could not be made, a sentence; else empty.
+    const std::string& error() const { return error_; }
+
+private:
+    std::string path_, error_;
+    Cleanup removal_;
+};
+
+} // namespace kq
