@@ -9,6 +9,7 @@
 #include "editor/navigation.h"
 #include "editor/prompts.h"
 #include "editor/shown_columns.h"
+#include "editor/species_line.h"
 #include "editor/view.h"
 #include "raster/grx.h"
 #include "raster/keys.h"
@@ -18,8 +19,6 @@
 #include "screen/result_table.h"
 #include "screen/strings.h"
 #include "screen/text.h"
-#include "taxonomy/frame.h"
-#include "taxonomy/group_colours.h"
 #include "taxonomy/selection.h"
 
 #include <algorithm>
@@ -188,7 +187,8 @@ int input_sub_seq(int max, int source)
 
 namespace {
 
-constexpr int ident_column = 3, posit_column = 11, species_column = 19, taxon_column = 71;
+constexpr int posit_column = 11;
+constexpr SpeciesLineColumns table_columns{.figures = 3, .species = 19, .taxon = 71};
 constexpr int lines_of_question = 3, lines_between = 1;
 
 // Asks for the 1-based position where the pattern begins in the row of a species, and takes it from there;
@@ -209,25 +209,14 @@ bool take_fragment(int species)
     return true;
 }
 
-TableLine species_line(std::size_t i)
+TableLine ranked_line(std::size_t i)
 {
-    const int species = esp_tous[i];
-    const int length = static_cast<int>(pattern().size());
-    auto text = padded(text_format("%2d/%2d", sim_tous[i], length), posit_column - ident_column) +
-                text_format("%5d", posi_tous[i]);
+    const auto score = text_format("%2d/%2d", sim_tous[i], static_cast<int>(pattern().size()));
+    const auto figures =
+        padded(score, posit_column - table_columns.figures) + text_format("%5d", posi_tous[i]);
+    if (esp_tous[i] >= 0) return species_line(esp_tous[i], figures, table_columns);
     TableLine line;
-    if (species < 0) {
-        put_text(line, ident_column, color::light_grey, text);
-        return line;
-    }
-    const auto s = static_cast<std::size_t>(species);
-    const int group = no_groupe[s];
-    text = padded(text, species_column - ident_column) +
-           padded(identifier(species), taxon_column - species_column - 1) + ' ';
-    if (group >= 0 && group < nb_groupe) text += group_name(group);
-    select_color_groupe(group);
-    select_bk_color_groupe(group, new_est[s] != 0);
-    put_text(line, ident_column, color_c, text, bgcolor_c);
+    put_text(line, table_columns.figures, color::light_grey, figures);
     return line;
 }
 
@@ -240,13 +229,12 @@ ResultTable species_table(bool from_fragment)
                       .headings = {},
                       .lines = {}};
     TableLine headings, legend;
-    put_text(headings, ident_column, color::light_grey, "Ident");
+    put_text(headings, table_columns.figures, color::light_grey, "Ident");
     put_text(headings, posit_column, color::light_grey, "Posit");
-    put_text(headings, species_column, color::light_grey, "Species");
-    put_text(headings, taxon_column, color::light_grey, "Taxon");
+    put_species_headings(headings, table_columns);
     table.headings = {headings, {}};
     for (std::size_t i = 0; i < static_cast<std::size_t>(tophits); i++)
-        table.lines.push_back(species_line(i));
+        table.lines.push_back(ranked_line(i));
     if (from_fragment) {
         table.lines_kept_free = lines_between + lines_of_question;
     } else {
