@@ -17,6 +17,7 @@
 #include "editor/view.h"
 #include "raster/keys.h"
 #include "screen/text.h"
+#include "tools/blast_search.h"
 
 namespace kq {
 
@@ -97,6 +98,7 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {'T',                   whole_screen<choose_and_sort>,                             "sort an ensemble by name"},
     {'U',                   all_rows<supprime_gap>,                                    "remove all gaps of the sequence"},
     {'X',                   shorten_key,                                               "shorten the sequence"},
+    {'Z',                   whole_screen<gere_blast>,                                  "search the sequence in all species with BLAST"},
     {'?',                   information_key,                                           "what is known about the species, and its group"},
     {key::home,             goto_debut,                                                "first position"},
     {key::end,              goto_fin,                                                  "last position"},

@@ -18,7 +18,8 @@ extern char ss[pattern_size];
 // The ranked hits of the last search in one row: number of equal characters and 1-based start position; -1
 // and 0 where there is none. Written by search_row.
 extern std::array<int, max_hits> sim, posi;
-// Entries ranked there: the smaller of nb_spec - 1 and max_hits. Written by search_row and search_species.
+// Entries of the last ranking: there, the smaller of nb_spec - 1 and max_hits (search_row, search_species),
+// or in blasttable (do_blast).
 extern int tophits;
 // The ranked species of the last search in all rows: each one's best hit, as above, and its number, -1 where
 // there is none. Written by search_species, which leaves sim and posi alone.

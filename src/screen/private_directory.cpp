@@ -4,6 +4,7 @@
 #include "screen/files.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 
@@ -35,6 +36,15 @@ PrivateDirectory::PrivateDirectory()
     if (chosen && *chosen) path_ = make_below(chosen);
     if (path_.empty()) path_ = make_below(".");
     if (path_.empty()) error_ = file_problem("No directory for temporary files can be made in", ".", errno);
+}
+
+std::string PrivateDirectory::write(const std::string& name, std::string_view bytes) const
+{
+    const std::string path = path_of(name);
+    File file(std::fopen(path.c_str(), "wb"));
+    const bool written = file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
+                         std::fflush(file.get()) == 0;
+    return written ? "" : file_problem("Problem in writing file", path, errno);
 }
 
 } // namespace kq

@@ -4,6 +4,7 @@
 #include "screen/cleanup.h"
 
 #include <string>
+#include <string_view>
 
 namespace kq {
 
@@ -17,6 +18,8 @@ public:
     // and underscores only, what is above it may have any character.
     const std::string& path() const { return path_; }
     std::string path_of(const std::string& name) const { return path_ + '/' + name; }
+    // Writes a file in it, without forcing it to the disk; empty on success, else what failed.
+    std::string write(const std::string& name, std::string_view bytes) const;
     // Why it could not be made, a sentence; else empty.
     const std::string& error() const { return error_; }
 
