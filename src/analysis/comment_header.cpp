@@ -11,7 +11,6 @@
 #include "taxonomy/frame_files.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace kq {
 
@@ -50,15 +49,6 @@ void join_first_words(std::string& text)
     if (blank + 1 == text.size() || text[blank + 1] != ' ') text[blank] = '_';
 }
 
-// In single quotes, which is also how a quote is written inside them: twice.
-std::string quoted(std::string_view text)
-{
-    std::string token = "'";
-    for (const char c : text)
-        token.append(c == '\'' ? 2 : 1, c);
-    return token + "'";
-}
-
 } // namespace
 
 std::string comment_header(char kind)
@@ -93,7 +83,7 @@ std::string identificateur(int i, int length, IdentifierMode mode)
         break;
     }
     if (text.size() > static_cast<std::size_t>(length)) text.resize(static_cast<std::size_t>(length));
-    return mode == identifier_quoted ? quoted(text) : text;
+    return mode == identifier_quoted ? nexus_quoted(text) : text;
 }
 
 int write_identificateur(NewFile& file, int i, int length, IdentifierMode mode)
@@ -101,6 +91,14 @@ int write_identificateur(NewFile& file, int i, int length, IdentifierMode mode)
     const std::string text = identificateur(i, length, mode);
     file.write(text);
     return static_cast<int>(text.size());
+}
+
+std::string nexus_quoted(std::string_view text)
+{
+    std::string token = "'";
+    for (const char c : text)
+        token.append(c == '\'' ? 2 : 1, c);
+    return token + "'";
 }
 
 } // namespace kq

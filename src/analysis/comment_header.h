@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace kq {
 
@@ -17,7 +18,7 @@ enum IdentifierMode : int {
     identifier_joined = 1,   // every blank is "_"
     identifier_trimmed = 2,  // no blanks at the end
     identifier_binomial = 3, // the blank between the first two words is "_"
-    identifier_quoted = 4,   // the same in single quotes; one inside the name is doubled, as NEXUS wants it
+    identifier_quoted = 4,   // the same as a quoted NEXUS token
 };
 
 // The identifier of species i of the analysis, at most `length` characters, quotes not counted. It follows
@@ -29,5 +30,8 @@ enum IdentifierMode : int {
 std::string identificateur(int i, int length, IdentifierMode mode);
 // Writes it; returns the number of characters written.
 int write_identificateur(NewFile& file, int i, int length, IdentifierMode mode);
+
+// A NEXUS token in single quotes; a quote inside it is doubled.
+std::string nexus_quoted(std::string_view text);
 
 } // namespace kq

@@ -132,21 +132,26 @@ void NewFile::fail(std::string_view what)
 void NewFile::write(std::string_view bytes)
 {
     if (!error_.empty()) return;
+    if (pending_.empty() && bytes.size() >= write_block) return write_through(bytes);
     pending_ += bytes;
     if (pending_.size() >= write_block) flush();
 }
 
 void NewFile::flush()
 {
-    std::string_view rest = pending_;
-    while (error_.empty() && !rest.empty()) {
-        const ssize_t written = ::write(fd_, rest.data(), rest.size());
+    write_through(pending_);
+    pending_.clear();
+}
+
+void NewFile::write_through(std::string_view bytes)
+{
+    while (error_.empty() && !bytes.empty()) {
+        const ssize_t written = ::write(fd_, bytes.data(), bytes.size());
         if (written > 0)
-            rest.remove_prefix(static_cast<std::size_t>(written));
+            bytes.remove_prefix(static_cast<std::size_t>(written));
         else if (written == 0 || errno != EINTR)
             fail("Problem in writing file");
     }
-    pending_.clear();
 }
 
 bool NewFile::finish()

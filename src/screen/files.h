@@ -45,6 +45,8 @@ public:
     bool commit(); // finish, then rename to the path
     // What failed, with the system's reason; empty while all is well.
     const std::string& error() const { return error_; }
+    // Where the bytes are until commit().
+    const std::string& temporary() const { return temporary_; }
 
 private:
     std::string path_, temporary_, error_;
@@ -53,6 +55,7 @@ private:
     bool finished_ = false;
     void fail(std::string_view what);
     void flush();
+    void write_through(std::string_view bytes);
 };
 
 // Writes a whole file (as NewFile does) where nothing speaks against it (cannot_write); empty on success,
