@@ -5,6 +5,8 @@
 #include "screen/strings.h"
 #include "screen/text.h"
 
+#include <utility>
+
 namespace kq {
 
 namespace {
@@ -13,11 +15,18 @@ constexpr int figure_column = 3;
 // From so many pairs on a percentage has a decimal.
 constexpr std::int64_t many_pairs = 100000;
 
+std::function<bool()> escape_pressed;
+
 } // namespace
 
 bool go_on()
 {
-    return !GrEscapePressed();
+    return !(escape_pressed ? escape_pressed() : GrEscapePressed());
+}
+
+void set_escape(std::function<bool()> pressed)
+{
+    escape_pressed = std::move(pressed);
 }
 
 DistanceProgress::DistanceProgress(std::int64_t pairs)

@@ -4,11 +4,14 @@
 #include "analysis/report.h"
 
 #include <cstdint>
+#include <functional>
 
 namespace kq {
 
 // Brings to the window what has been drawn; false when ESCAPE has been pressed, which is then taken away.
 bool go_on();
+// Tests press ESCAPE where they want: asked by go_on() in the place of the keyboard; null = the keyboard.
+void set_escape(std::function<bool()> pressed);
 
 // The box of the distances: the percentage of the pairs done so far.
 class DistanceProgress {

@@ -1,4 +1,5 @@
 // screen: the keys of the editor, and those of its primary-sequence mode.
+#include "analysis/nexus_run.h"
 #include "core/ali_screen.h"
 #include "core/consensus.h"
 #include "editor/actions.h"
@@ -60,6 +61,7 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {key::shift_f3,         remove_gaps_left_key,                                      "remove gaps left of the cursor"},
     {key::shift_f4,         remove_gaps_right_key,                                     "remove all gaps right of the cursor"},
     {key::shift_f5,         write_outputs_key,                                         "write the ensembles into a file for other programs"},
+    {key::shift_f6,         sequences<write_nexus>,                                    "write the ensembles for PAUP, and start it"},
     {key::shift_f7,         inser_star_all,                                            "open gap columns in all other species"},
     {key::insert,           inser_star_all,                                            "open gap columns in all other species"},
     {key::shift_f8,         all_rows<modif_sequence>,                                  "edit the primary sequence"},

@@ -12,7 +12,10 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <sstream>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -280,6 +283,20 @@ std::string run_problem(std::string_view program, const RunResult& result)
         return name + " has been cancelled";
     }
     return "";
+}
+
+bool program_found(const std::string& program)
+{
+    const auto executable = [](const std::string& path) {
+        return access(path.c_str(), X_OK) == 0 && std::filesystem::is_regular_file(path);
+    };
+    if (program.find('/') != std::string::npos) return executable(program);
+    const char* const path = std::getenv("PATH");
+    std::istringstream directories(path ? path : "");
+    for (std::string directory; std::getline(directories, directory, ':');)
+        if (!program.empty() && executable((directory.empty() ? "." : directory) + '/' + program))
+            return true;
+    return false;
 }
 
 } // namespace kq

@@ -19,6 +19,9 @@ void set_replacement(bool (*replacement)(const std::string& path));
 // with errno set, when it cannot be executed.
 bool start_in_background(std::span<const std::string> argument_vector);
 
+// Whether there is a program of this name that may be executed: at its path, or on PATH when it has no "/".
+bool program_found(const std::string& program);
+
 // ---- programs that are waited for
 
 struct RunOptions {

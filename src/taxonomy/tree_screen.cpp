@@ -300,20 +300,33 @@ TreeRedraw TreeScreen::into_subtree()
 
 // ---- beyond the tree --------------------------------------------------------------------------------------
 
-// The ensemble gets the species selected so far; the selection goes on.
-void TreeScreen::store_selection()
+namespace {
+
+bool other_ensembles_are_empty(int ens)
 {
+    for (int other = 0; other < nb_ens; other++)
+        if (other != ens && !members(other).empty()) return false;
+    return true;
+}
+
+} // namespace
+
+// The ensemble gets the species selected so far; the selection goes on.
+TreeRedraw TreeScreen::run_on_stored_selection(void (*command)())
+{
+    if (nb_retenu > max_ensemble_species) return warn_too_many();
+    if (nb_retenu == 0 && other_ensembles_are_empty(ens_))
+        return warn("You must select at least one species");
     chercher_specie_retenue();
     set_members(ens_, working_list());
+    command();
+    return TreeRedraw::screen;
 }
 
 TreeRedraw TreeScreen::write_outputs()
 {
     if (nb_retenu < 2) return warn("You must select at least two species");
-    if (nb_retenu > max_ensemble_species) return warn_too_many();
-    store_selection();
-    write_file_kel_ali();
-    return TreeRedraw::tree;
+    return run_on_stored_selection([] { write_file_kel_ali(); });
 }
 
 TreeRedraw TreeScreen::write_groups()

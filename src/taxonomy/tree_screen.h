@@ -41,6 +41,12 @@ public:
     TreeRedraw list_species();
     TreeRedraw list_cupboard();
     TreeRedraw write_outputs();
+    // A command that works on all ensembles, the one being built with the species selected so far.
+    template <void (*command)()>
+    TreeRedraw on_stored_selection()
+    {
+        return run_on_stored_selection(command);
+    }
     TreeRedraw write_groups();
     TreeRedraw window_options();
     TreeRedraw colour_all_groups();
@@ -79,7 +85,7 @@ private:
     TreeRedraw list_working_species(int group) const;
     TreeRedraw warn_too_many() const;
     TreeRedraw warn(const char* message) const;
-    void store_selection();
+    TreeRedraw run_on_stored_selection(void (*command)());
     void draw(TreeRedraw redraw);
 
     int ens_;
