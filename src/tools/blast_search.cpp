@@ -92,18 +92,22 @@ void add_species(std::string& file, int species, int minimum)
 // Empty on success, else what was wrong.
 std::string write_input(int query, const BlastSearch& search, const PrivateDirectory& directory)
 {
+    constexpr std::size_t header_room = 16;
     std::string text;
     add_species(text, query, 1);
     if (text.empty()) return "The sequence has no residues to search for";
     std::string problem = directory.write(search.query, text);
     if (!problem.empty()) return problem;
     text.clear();
+    text.reserve(static_cast<std::size_t>(nb_spec) * (static_cast<std::size_t>(nb_nuc_tot) + header_room));
     for (int species = 0; species < nb_spec; species++)
         add_species(text, species, 0);
     return directory.write(search.database, text);
 }
 
-// Nothing when there is no result; `problem` says why, "" after ESCAPE.
+// Nothing when there is no result; `problem` says why, "" after ESCAPE. The programs work in a directory of
+// their own: what they leave behind has names that only they know, and no file of the user's can be in their
+// way.
 std::optional<BlastTable> search_in_alignment(int query, std::string& problem)
 {
     const PrivateDirectory directory;

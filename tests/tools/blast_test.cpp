@@ -1,10 +1,15 @@
-// The command lines of a BLAST search, and its table of hits.
+// The command lines of a BLAST search, the sequences that are sent, and the table of hits.
 #include "tools/blast_commands.h"
 #include "tools/blast_table.h"
+#include "tools/fasta_text.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+#include <random>
 #include <string>
+#include <tuple>
 
 using namespace kq;
 
@@ -79,6 +84,26 @@ TEST(Blast, TheTableIsReadUpToTheFirstLineThatIsNone)
     const BlastHit hit = spaced.hits[0];
     EXPECT_EQ(std::tuple(hit.species, hit.identity, hit.length, hit.evalue, hit.score),
               std::tuple(3, 98.305, 59, 1.30e-27, 103.0));
+}
+
+// Lengths around the blocks that rows are copied in; runs of all lengths.
+TEST(Blast, SequencesAreSentWithoutGaps)
+{
+    std::mt19937 random(5);
+    for (std::size_t length = 0; length < 120; length++) {
+        std::string text, sent;
+        while (text.size() < length)
+            text.append(1 + random() % 40, "ACGTNacgt*-$ ?"[random() % 14]);
+        text.resize(length);
+        std::ranges::copy_if(text, std::back_inserter(sent), [](char c) {
+            return std::string_view("*-$ ?").find(c) == std::string_view::npos;
+        });
+        std::string file = "before\n";
+        append_fasta(file, 19999, text, static_cast<int>(sent.size()) + 1);
+        EXPECT_EQ(file, "before\n") << text;
+        append_fasta(file, 19999, text, static_cast<int>(sent.size()));
+        EXPECT_EQ(file, "before\n>lcl|19999\n" + sent + '\n') << text;
+    }
 }
 
 } // namespace
