@@ -111,7 +111,8 @@ void change_rows(const Rows& rows, int first, Change change)
 
 std::span<const int> Rows::species() const
 {
-    return ensemble_ < 0 ? std::span(&species_, 1) : members(ensemble_);
+    if (ensemble_ >= 0) return members(ensemble_);
+    return std::span(&species_, species_ < 0 ? 0 : 1);
 }
 
 // ---- characters
@@ -172,7 +173,7 @@ void replace_text(int species, std::string_view text)
 }
 
 void rewrite_columns(std::span<const int> species, int first, int last,
-                     const std::function<void(std::span<char>)>& change)
+                     const std::function<void(int species, std::span<char>)>& change)
 {
     assert(first >= 0 && first < last && last <= nb_nuc_tot);
     std::vector<int> once(species.begin(), species.end());
@@ -182,7 +183,7 @@ void rewrite_columns(std::span<const int> species, int first, int last,
 #pragma omp parallel for schedule(static) if (once.size() > 100)
     for (const int i : once) {
         fill_up(i, nb_nuc_tot);
-        change({row_storage(i) + first, static_cast<std::size_t>(last - first)});
+        change(i, {row_storage(i) + first, static_cast<std::size_t>(last - first)});
     }
 }
 

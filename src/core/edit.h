@@ -15,14 +15,15 @@
 
 namespace kq {
 
-// The rows that an editing command works on: one species, or every member of an ensemble (edited as one: its
-// counts are shifted instead of recounted).
+// The rows that an editing command works on: one species, every member of an ensemble (edited as one: its
+// counts are shifted instead of recounted), or none.
 class Rows {
 public:
+    static Rows none() { return Rows(-1, -1); }
     static Rows one(int species) { return Rows(species, -1); }
     static Rows of_ensemble(int ensemble) { return Rows(-1, ensemble); }
     std::span<const int> species() const;
-    int ensemble() const { return ensemble_; } // -1 for a single species
+    int ensemble() const { return ensemble_; } // -1 for a single species and none
 
 private:
     Rows(int species, int ensemble)
@@ -52,11 +53,11 @@ void overwrite(int species, int p, std::string_view text);
 // Replaces the whole text of a row, the part beyond nb_nuc_tot included; shorter than a row's stride.
 void replace_text(int species, std::string_view text);
 
-// Changes the columns [first, last) of many rows, 0 <= first < last <= nb_nuc_tot: `change` gets those
-// characters of each of the species once, in no order and from several threads, and puts others in their
+// Changes the columns [first, last) of many rows, 0 <= first < last <= nb_nuc_tot: `change` gets each of
+// the species once with those characters, in no order and from several threads, and puts others in their
 // place, no NUL among them. Shorter rows are filled up with blanks first. Counts change once, after all rows.
 void rewrite_columns(std::span<const int> species, int first, int last,
-                     const std::function<void(std::span<char>)>& change);
+                     const std::function<void(int species, std::span<char>)>& change);
 
 // Typing into a primary sequence: the row's own text grows or shrinks by one, the alignment keeps its length.
 // insert_residue returns false when the row has reached one byte before its stride, or the longest line that

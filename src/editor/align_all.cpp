@@ -96,7 +96,7 @@ void align_clear_gaps()
     mark_changed();
     const int first = plan.runs.front().position;
     rewrite_columns(rows.species(), first, nb_nuc_tot,
-                    [&](std::span<char> text) { insert_gaps(text, first, plan.runs); });
+                    [&](int, std::span<char> text) { insert_gaps(text, first, plan.runs); });
     reactualise(-1);
     deplace_site_droite(shown_between(cursor_position(), plan.cursor));
 }

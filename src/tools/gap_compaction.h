@@ -2,11 +2,9 @@
 #pragma once
 
 #include "tools/compaction.h"
+#include "tools/species_set.h"
 
 namespace kq {
-
-// The species that a command on a region works on, in the order of its menu.
-enum class SpeciesSet { one_ensemble, all_ensembles, all_species };
 
 // The command: the user marks the region, then chooses the species.
 void gere_compact_gap(Direction direction);

@@ -102,9 +102,10 @@ private:
 
     std::vector<int> rows_of(int e) const { return model_.ensembles[static_cast<std::size_t>(e)].members; }
 
-    // One row or one ensemble: for the store, and its members in the model.
+    // One row, one ensemble or, seldom, none: for the store, and its members in the model.
     std::pair<Rows, std::vector<int>> any_rows()
     {
+        if (below(10) == 0) return {Rows::none(), {}};
         const bool one = below(2);
         const int who = one ? any_row() : any_ensemble();
         if (one) return {Rows::one(who), {who}};
@@ -141,7 +142,7 @@ private:
         if (below(2)) chosen = rows_of(any_ensemble());
         model_.reverse_columns(chosen, first, last);
         if (!chosen.empty()) chosen.push_back(chosen.front()); // given twice, changed once
-        rewrite_columns(chosen, first, last, [](std::span<char> text) { std::ranges::reverse(text); });
+        rewrite_columns(chosen, first, last, [](int, std::span<char> text) { std::ranges::reverse(text); });
     }
     void type_residue()
     {
