@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,8 +46,7 @@ FastaRecord fasta_record(int species)
 // Without a viewer the box on the screen is enough.
 void start_viewer(const std::string& path)
 {
-    const char* const chosen = std::getenv("KQ_VIEWER");
-    const std::string viewer = chosen && *chosen ? chosen : "/usr/bin/kwrite";
+    const std::string viewer = chosen_program("KQ_VIEWER", "/usr/bin/kwrite");
     // No viewer shall take the name for an option.
     const std::string file = path.starts_with('-') ? "./" + path : path;
     start_in_background(std::array{viewer, file});

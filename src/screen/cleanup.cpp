@@ -8,7 +8,7 @@ namespace kq {
 
 namespace {
 
-constinit Cleanup* newest = nullptr; // those that stand, a stack
+constinit Cleanup* newest = nullptr; // of those whose work is not done
 
 } // namespace
 
@@ -22,16 +22,22 @@ Cleanup::Cleanup(std::function<void()> work)
 
 Cleanup::~Cleanup()
 {
-    newest = older_;
-    work_();
+    finish();
+}
+
+void Cleanup::finish()
+{
+    for (Cleanup** at = &newest; *at; at = &(*at)->older_)
+        if (*at == this) {
+            *at = older_;
+            return work_();
+        }
 }
 
 void Cleanup::clean_up_all()
 {
-    while (Cleanup* const last = newest) {
-        newest = last->older_;
-        last->work_();
-    }
+    while (newest)
+        newest->finish();
 }
 
 } // namespace kq

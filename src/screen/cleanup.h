@@ -6,7 +6,7 @@
 namespace kq {
 
 // Does its work once: when it is destroyed or, where the program ends below it (a fatal error, a signal, a
-// lost window), as the program ends, the newest first. A local object only.
+// lost window), as the program ends, the newest first.
 class Cleanup {
 public:
     explicit Cleanup(std::function<void()> work); // which does not throw
@@ -16,6 +16,7 @@ public:
 
 private:
     static void clean_up_all();
+    void finish();
     std::function<void()> work_;
     Cleanup* older_;
 };

@@ -64,9 +64,9 @@ void affich_avert(std::string_view message, int line)
     _clearscreen(1);
 }
 
-bool affich_avert_no_key(std::string_view message, int line)
+bool affich_avert_no_key(std::string_view message, int line, std::string_view legend)
 {
-    open_message_box(message, "", line, 0);
+    open_message_box(message, legend, line, 0);
     present_screen();
     return GrKeyPressed();
 }

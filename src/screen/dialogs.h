@@ -17,8 +17,9 @@ inline constexpr int reread = -2;  // a directory listing has to be read again
 
 // Shows the message until a key is pressed, then clears the box.
 void affich_avert(std::string_view message, int line);
-// Leaves the box on the screen, shows it at once and returns whether a key is waiting.
-bool affich_avert_no_key(std::string_view message, int line);
+// Leaves the box on the screen, with a legend where there is one, shows it at once and returns whether a key
+// is waiting.
+bool affich_avert_no_key(std::string_view message, int line, std::string_view legend = "");
 // A box with one line of text, without waiting ("NOW READING", "WORK IN PROGRESS"...): lines `line` to line +
 // 2, columns c1 to c2, framed and written in `c`; shown at once.
 void affich_progress(std::string_view message, int line, int c1, int c2, int c);

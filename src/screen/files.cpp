@@ -186,6 +186,16 @@ std::string write_file_safely(const std::string& path, std::string_view bytes)
     return file.error();
 }
 
+std::string write_scratch_file(const std::string& path, std::string_view bytes)
+{
+    File file{std::fopen(path.c_str(), "wxe")};
+    if (!file) return file_problem("Problem in opening file", path, errno);
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+    if (std::fclose(file.release()) != 0 || !written)
+        return file_problem("Problem in writing file", path, errno);
+    return "";
+}
+
 std::string copy_file_safely(const std::string& from, const std::string& target)
 {
     // Without O_NONBLOCK a pipe that carries the file's name would hold the program for ever.

@@ -61,6 +61,9 @@ private:
 // Writes a whole file (as NewFile does) where nothing speaks against it (cannot_write); empty on success,
 // else what failed.
 std::string write_file_safely(const std::string& path, std::string_view bytes);
+// Writes a new file that need not outlive the program: nothing is flushed to disk, and a file that exists is
+// refused. Empty on success, else what failed.
+std::string write_scratch_file(const std::string& path, std::string_view bytes);
 // Copies a regular file's bytes into `target` (as NewFile does); empty on success, else what failed.
 std::string copy_file_safely(const std::string& from, const std::string& target);
 

@@ -3,8 +3,8 @@
 
 #include "screen/files.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 
@@ -26,6 +26,15 @@ std::string make_below(const std::filesystem::path& parent)
 
 } // namespace
 
+bool is_plain_name(std::string_view name)
+{
+    const auto is_plain = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+    };
+    if (name.empty() || name.front() == '.' || name.front() == '-' || name.back() == '-') return false;
+    return std::ranges::all_of(name, [&](char c) { return is_plain(c) || c == '.' || c == '-'; });
+}
+
 PrivateDirectory::PrivateDirectory()
     : removal_([this] {
         std::error_code ignored; // nothing could be done about it
@@ -40,11 +49,7 @@ PrivateDirectory::PrivateDirectory()
 
 std::string PrivateDirectory::write(const std::string& name, std::string_view bytes) const
 {
-    const std::string path = path_of(name);
-    File file(std::fopen(path.c_str(), "wb"));
-    const bool written = file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
-                         std::fflush(file.get()) == 0;
-    return written ? "" : file_problem("Problem in writing file", path, errno);
+    return write_scratch_file(path_of(name), bytes);
 }
 
 } // namespace kq

@@ -8,6 +8,10 @@
 
 namespace kq {
 
+// Whether a name holds nothing but letters, digits, ".", "_" and inner "-" and does not begin with ".": no
+// program that gets it can take it for anything else. Other names stay outside a private directory.
+bool is_plain_name(std::string_view name);
+
 // A new empty directory that only this user can enter; it goes away with all it holds when the object is
 // destroyed or the program ends.
 class PrivateDirectory {
@@ -18,7 +22,7 @@ public:
     // and underscores only, what is above it may have any character.
     const std::string& path() const { return path_; }
     std::string path_of(const std::string& name) const { return path_ + '/' + name; }
-    // Writes a file in it, without forcing it to the disk; empty on success, else what failed.
+    // Writes a new file in it (write_scratch_file); empty on success, else what failed.
     std::string write(const std::string& name, std::string_view bytes) const;
     // Why it could not be made, a sentence; else empty.
     const std::string& error() const { return error_; }

@@ -166,6 +166,16 @@ bool start_in_background(std::span<const std::string> argument_vector)
     return between.reason == 0;
 }
 
+std::string chosen_program(const char* variable, std::string_view usual)
+{
+    const char* const chosen = std::getenv(variable);
+    if (!chosen || !*chosen) return std::string(usual);
+    std::error_code failed; // without a current directory the path stays as it is
+    const bool is_path = std::strchr(chosen, '/') != nullptr;
+    const std::string whole = is_path ? std::filesystem::absolute(chosen, failed).string() : "";
+    return whole.empty() ? chosen : whole;
+}
+
 // ---- programs that are waited for
 
 namespace {

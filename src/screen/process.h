@@ -21,6 +21,9 @@ bool start_in_background(std::span<const std::string> argument_vector);
 
 // Whether there is a program of this name that may be executed: at its path, or on PATH when it has no "/".
 bool program_found(const std::string& program);
+// The program that an environment variable names, else the usual one. A path counts from the current
+// directory, wherever the program will run.
+std::string chosen_program(const char* variable, std::string_view usual);
 
 // ---- programs that are waited for
 
