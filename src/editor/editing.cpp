@@ -20,13 +20,6 @@ namespace {
 
 constexpr int box_right = 70, wide_box_right = 90;
 
-bool grown(Growth growth)
-{
-    if (growth == Growth::too_long) warn("The sequences are too long (see DOC)");
-    if (growth == Growth::no_memory) warn("Insufficient available memory");
-    return growth == Growth::grown;
-}
-
 // The largest growth up to n that is allowed.
 int possible_growth(int n)
 {
@@ -79,6 +72,13 @@ Rows target_rows()
 }
 
 // ---- gaps at the cursor
+
+bool grown(Growth growth)
+{
+    if (growth == Growth::too_long) warn("The sequences are too long (see DOC)");
+    if (growth == Growth::no_memory) warn("Insufficient available memory");
+    return growth == Growth::grown;
+}
 
 int allonge_seq(int n)
 {

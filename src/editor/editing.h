@@ -23,6 +23,8 @@ int suppr_char();
 void suppr_all_chars();
 // Makes the alignment longer by n blanks a row; 0, or -1 after a warning.
 int allonge_seq(int n);
+// Whether it was; warns of a refusal.
+bool grown(Growth growth);
 
 // Asks how many gap columns to open at the cursor in all other rows; brings everything up to date.
 Redraw inser_star_all();
