@@ -42,9 +42,10 @@ PrivateDirectory::PrivateDirectory()
     })
 {
     const char* const chosen = std::getenv("TMPDIR");
-    if (chosen && *chosen) path_ = make_below(chosen);
-    if (path_.empty()) path_ = make_below(".");
-    if (path_.empty()) error_ = file_problem("No directory for temporary files can be made in", ".", errno);
+    for (const char* const parent : {chosen ? chosen : "", ".", "/tmp"})
+        if (path_.empty() && *parent) path_ = make_below(parent);
+    if (path_.empty())
+        error_ = file_problem("No directory for temporary files can be made in", "/tmp", errno);
 }
 
 std::string PrivateDirectory::write(const std::string& name, std::string_view bytes) const

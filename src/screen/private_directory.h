@@ -16,7 +16,7 @@ bool is_plain_name(std::string_view name);
 // destroyed or the program ends.
 class PrivateDirectory {
 public:
-    // Below the directory that TMPDIR names, else below the current one.
+    // Below the directory that TMPDIR names, else below the current one, else below /tmp.
     PrivateDirectory();
     // Absolute, without "/" at its end; empty when it could not be made. Its last part has letters, digits
     // and underscores only, what is above it may have any character.

@@ -1,29 +1,23 @@
-// kernel: the files and command lines of a BLAST search.
+// format: the files and command lines of a BLAST search.
 #include "tools/blast_commands.h"
 
-#include <algorithm>
+#include "screen/private_directory.h"
+
 #include <cstddef>
 
 namespace kq {
 
 namespace {
 
-constexpr std::string_view harmless = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789._-";
 // The programs' own files have longer names, and none may have more than 255 characters.
 constexpr std::size_t longest_stem = 200;
-
-std::string safe_stem(std::string_view name)
-{
-    const bool safe = !name.empty() && name.size() <= longest_stem && name.front() != '-' &&
-                      name.back() != '-' && name.find_first_not_of(harmless) == std::string_view::npos;
-    return std::string(safe ? name : "alignment");
-}
 
 } // namespace
 
 BlastSearch blast_search(std::string_view alignment, bool protein)
 {
-    const std::string stem = safe_stem(alignment), program = protein ? "blastp" : "blastn";
+    const bool plain = is_plain_name(alignment) && alignment.size() <= longest_stem;
+    const std::string stem(plain ? alignment : "alignment"), program = protein ? "blastp" : "blastn";
     return {.program = program,
             .database = stem + ".forblast.fasta",
             .query = stem + ".query.fasta",

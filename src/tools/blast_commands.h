@@ -1,4 +1,4 @@
-// kernel: the files and command lines of a BLAST search.
+// format: the files and command lines of a BLAST search.
 #pragma once
 
 #include <string>
@@ -17,8 +17,7 @@ struct BlastSearch {
 };
 
 // The search in an alignment of nucleic acids or of proteins. The files carry the alignment's name where it
-// is made of letters, digits, dots, underscores and inner dashes only: some BLAST programs are wrappers that
-// hand names to a shell.
+// is a plain one (is_plain_name): some BLAST programs are wrappers that hand names to a shell.
 BlastSearch blast_search(std::string_view alignment, bool protein);
 
 // The command that indexes the database, and the one that searches it. The programs' own option style: values

@@ -207,7 +207,7 @@ void gere_blast()
 {
     const int query = require_species();
     if (query == -1) return;
-    affich_avert_no_key("Waiting for BLAST to finish...", dialog_line);
+    affich_avert_no_key("Waiting for BLAST to finish...", dialog_line, "ESCAPE:Cancel");
     if (!do_blast(query)) return;
     show_blast_top_hits();
     opt_evalue = 2;
