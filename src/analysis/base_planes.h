@@ -1,0 +1,55 @@
+// kernel: aligned nucleic acids as bit planes.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace kq {
+
+inline constexpr int positions_of_block = 512, words_of_plane = positions_of_block / 64;
+
+// 512 positions of a sequence, bit p % 64 of word p / 64 of each plane. A position that has no bit in `base`
+// or `gap` is unknown, beyond the end, or holds a character without a code. A: purine; C: neither; G: purine
+// and keto; T and U: keto.
+struct alignas(64) PlaneBlock {
+    using Plane = std::array<std::uint64_t, words_of_plane>;
+    Plane base{}, gap{}, purine{}, keto{};
+};
+
+// Sequences of one length.
+class BasePlanes {
+public:
+    BasePlanes() = default;
+    BasePlanes(int species, int positions); // all unknown
+
+    // Replaces one sequence (0-based); one at a time. Characters of `unknown` are unknown whatever their
+    // code.
+    void set(int species, std::span<const char> characters, std::string_view unknown);
+
+    int positions() const { return positions_; }
+    std::span<const PlaneBlock> blocks(int species) const
+    {
+        return std::span(blocks_).subspan(static_cast<std::size_t>(species) * blocks_of_species_,
+                                          blocks_of_species_);
+    }
+    // Whether a sequence has known characters without a code (lower-case letters...).
+    bool any_uncoded() const { return any_uncoded_; }
+    // Where those are in a sequence, words_of_plane words a block; empty when there are none.
+    std::span<const std::uint64_t> uncoded(int species) const
+    {
+        return uncoded_[static_cast<std::size_t>(species)];
+    }
+
+private:
+    int positions_ = 0;
+    bool any_uncoded_ = false;
+    std::size_t blocks_of_species_ = 0;
+    std::vector<PlaneBlock> blocks_;
+    std::vector<std::vector<std::uint64_t>> uncoded_;
+};
+
+} // namespace kq
