@@ -13,8 +13,6 @@ namespace kq {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-constexpr auto between_reports = std::chrono::milliseconds(20);
 constexpr auto between_looks = std::chrono::milliseconds(1);
 
 // What the threads of one run share.
@@ -56,21 +54,18 @@ class CallersPace final : public Pace {
 public:
     explicit CallersPace(Run& run)
         : run_(run)
+        , report_(run.report)
     {
     }
     bool go_on() override
     {
-        if (run_.stopped) return false;
-        const auto now = Clock::now();
-        if (now < due_) return true;
-        due_ = now + between_reports;
-        if (!run_.report(run_.done)) run_.stopped = true;
+        if (!run_.stopped && !report_(run_.done)) run_.stopped = true;
         return !run_.stopped;
     }
 
 private:
     Run& run_;
-    Clock::time_point due_{};
+    PacedReport report_;
 };
 
 class WorkersPace final : public Pace {

@@ -15,6 +15,13 @@ struct PairBlock {
     int first_i, end_i, first_j, end_j;
 
     int end_of_row(int i) const { return std::min(end_j, i); }
+    std::int64_t pairs() const
+    {
+        std::int64_t sum = 0;
+        for (int i = first_i; i < end_i; i++)
+            sum += std::max(0, end_of_row(i) - first_j);
+        return sum;
+    }
 };
 
 inline std::int64_t number_of_pairs(int n)
