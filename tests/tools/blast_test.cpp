@@ -30,8 +30,9 @@ TEST(Blast, CommandLinesCarryHarmlessNamesOnly)
     EXPECT_EQ(formatdb_command("", protein)[2], "-pT");
     EXPECT_EQ(blastall_command("", protein)[1], "-pblastp");
     EXPECT_EQ(protein.output, "x.query.blastp");
-    for (const std::string name : {"a b.ali", "a;b", "$(x)", "`x`", "a'b", "a\"b", "-a.ali", "a-", "a/b",
-                                   "a\nb", "*", "\xe9", "", std::string(201, 'a').c_str()})
+    const std::string hostile[] = {"a b.ali", "a;b", "$(x)", "`x`", "a'b",  "a\"b", "-a.ali",
+                                   "a-",      "a/b", "a\nb", "*",   "\xe9", "",     std::string(201, 'a')};
+    for (const auto& name : hostile)
         EXPECT_EQ(blast_search(name, false).query, "alignment.query.fasta") << name;
 }
 
