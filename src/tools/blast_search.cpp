@@ -48,17 +48,19 @@ std::string program_directory()
     return access((usual + "formatdb").c_str(), X_OK) == 0 ? usual : "";
 }
 
-// The first line of what a program has said that is more than a warning.
+// The beginning of what a program has said, but for warnings.
 std::string complaint(const std::string& path)
 {
     constexpr std::size_t longest = 200;
-    std::string text;
+    std::string text, said;
     if (!read_whole_file(path, text).empty()) return "";
-    for (std::string_view rest = text; !rest.empty();) {
+    for (std::string_view rest = text; !rest.empty() && said.size() < longest;) {
         const auto line = without_carriage_return(take_line(rest));
-        if (!line.empty() && !line.starts_with("Warning")) return std::string(line.substr(0, longest));
+        const auto first = std::min(line.find_first_not_of(" \t"), line.size());
+        if (first < line.size() && !line.starts_with("Warning"))
+            (said += ' ') += line.substr(first, longest - said.size());
     }
-    return "";
+    return said;
 }
 
 // True when the program has done its work; otherwise `problem` says what was wrong, "" after ESCAPE.
@@ -70,9 +72,9 @@ bool run_tool(const std::vector<std::string>& command, const PrivateDirectory& d
         run_program(command, {.error = messages, .directory = directory.path(), .go_on = go_on});
     if (result.succeeded()) return true;
     if (result.ending == RunResult::cancelled) return false;
-    problem = run_problem(command.front(), result) + ". ";
+    problem = run_problem(command.front(), result) + ".";
     if (result.ending == RunResult::not_started)
-        problem += "BLAST is looked for in the directory that KQ_BLAST_BIN names, else in " +
+        problem += " BLAST is looked for in the directory that KQ_BLAST_BIN names, else in " +
                    std::string(blast_directory) +
                    ", else on PATH. The Debian package ncbi-blast+-legacy has it.";
     else
