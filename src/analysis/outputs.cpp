@@ -51,10 +51,15 @@ bool write_file_NB(char kind)
     return write_output([kind](const PutText& put) { return put_header_file(kind, put); });
 }
 
+bool write_matrix()
+{
+    return write_output(put_matrix);
+}
+
 bool out_matrix_nj()
 {
     nomfic = with_extension(nomfic, ".mat");
-    return write_output(put_matrix);
+    return write_matrix();
 }
 
 bool write_paup_3_0()

@@ -16,7 +16,9 @@ class OutputFile;
 // with another extension, which their callers give to nomfic (with_extension) but where it says otherwise.
 bool write_file_NB(char kind);
 
-// The distances of dist, lower triangle, with the extension .mat.
+// The distances of dist, lower triangle.
+bool write_matrix();
+// The same with the extension .mat.
 bool out_matrix_nj();
 
 bool write_paup_3_0();

@@ -67,6 +67,7 @@ void BackgroundFile::Work::run()
 BackgroundFile::BackgroundFile(const std::string& path, GoOn go_on)
     : go_on_(std::move(go_on))
     , work_(std::make_shared<Work>(path))
+    , no_leftover_([temporary = work_->file.temporary()] { unlink(temporary.c_str()); })
 {
     error_ = work_->file.error();
     if (!error_.empty()) return;

@@ -2,6 +2,9 @@
 // without looking for keys.
 #pragma once
 
+#include "screen/cleanup.h"
+
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -32,6 +35,7 @@ private:
 
     GoOn go_on_;
     std::shared_ptr<Work> work_; // the thread's too, which may outlive a file that was stopped
+    Cleanup no_leftover_;        // where the program ends in the middle
     std::thread thread_;         // joinable until it is complete, stopped or has failed
     std::string pending_, error_;
     std::chrono::steady_clock::time_point last_asked_{};

@@ -24,6 +24,7 @@ namespace kq {
 namespace {
 
 constexpr std::size_t write_block = 1 << 20; // bytes gathered before they are written
+constexpr long long write_behind = 16 << 20; // bytes that the disk may lag behind before it is told to begin
 
 // The directory part of a path, with its "/"; "./" when there is none.
 // A name that no listing shows and no other process uses.
@@ -147,11 +148,16 @@ void NewFile::write_through(std::string_view bytes)
 {
     while (error_.empty() && !bytes.empty()) {
         const ssize_t written = ::write(fd_, bytes.data(), bytes.size());
-        if (written > 0)
+        if (written > 0) {
             bytes.remove_prefix(static_cast<std::size_t>(written));
-        else if (written == 0 || errno != EINTR)
+            written_ += written;
+        } else if (written == 0 || errno != EINTR)
             fail("Problem in writing file");
     }
+    // A large file sets out for the disk early, so that finish() has little to wait for. Errors show there.
+    if (written_ - on_its_way_ < write_behind) return;
+    sync_file_range(fd_, on_its_way_, written_ - on_its_way_, SYNC_FILE_RANGE_WRITE);
+    on_its_way_ = written_;
 }
 
 bool NewFile::finish()

@@ -52,6 +52,7 @@ private:
     std::string path_, temporary_, error_;
     std::string pending_;
     int fd_ = -1;
+    long long written_ = 0, on_its_way_ = 0; // bytes: given to the system; told to go to the disk
     bool finished_ = false;
     void fail(std::string_view what);
     void flush();

@@ -9,6 +9,8 @@
 #include <unistd.h>
 
 #include <condition_variable>
+#include <cstdlib>
+#include <functional>
 #include <mutex>
 
 using namespace kq;
@@ -42,9 +44,19 @@ private:
 } disk;
 
 const std::string block(1 << 20, 'x');
+
 bool go_on_always()
 {
     return true;
+}
+
+int status_of_child(const std::function<int()>& work)
+{
+    const pid_t child = fork();
+    if (child == 0) _exit(work());
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 } // namespace
@@ -120,19 +132,23 @@ TEST(BackgroundFile, AFullDiskIsAnErrorAndLeavesNothing)
         if (file.error().find("File too large") == std::string::npos) return 2;
         return folder.names().empty() ? 0 : 3;
     };
-    const pid_t child = fork();
-    if (child == 0) {
-        const rlimit sizes{3000000, 3000000};
-        setrlimit(RLIMIT_FSIZE, &sizes);
-        _exit(fill());
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(status_of_child([&] {
+                  const rlimit sizes{3000000, 3000000};
+                  setrlimit(RLIMIT_FSIZE, &sizes);
+                  return fill();
+              }),
+              0);
 
     BackgroundFile nowhere(folder.path("none/x"), go_on_always);
     EXPECT_FALSE(nowhere.write("x"));
     EXPECT_FALSE(nowhere.commit());
     EXPECT_NE(nowhere.error().find("No such file"), std::string::npos);
+}
+
+TEST(BackgroundFile, TheEndOfTheProgramLeavesNothing)
+{
+    const test::Folder folder;
+    const auto end = []() -> bool { std::exit(7); };
+    EXPECT_EQ(status_of_child([&] { return BackgroundFile(folder.path("x"), end).write(block) ? 1 : 2; }), 7);
+    EXPECT_TRUE(folder.names().empty());
 }
