@@ -11,7 +11,6 @@ namespace {
 
 // What a character sets, one bit for each plane.
 enum : std::uint8_t { base_bit = 1, gap_bit = 2, purine_bit = 4, keto_bit = 8, uncoded_bit = 16 };
-using BitsOfCharacter = std::array<std::uint8_t, 256>;
 
 std::uint8_t bits_of_code(int code)
 {
@@ -41,25 +40,17 @@ BitsOfCharacter bits_of_characters(std::string_view unknown)
     return bits;
 }
 
-// The lowest bits of eight bytes, the first byte's as bit 0.
-std::uint64_t lowest_bits(std::uint64_t bytes)
-{
-    return (bytes & 0x0101010101010101U) * 0x0102040810204080U >> 56;
-}
-
 struct Words {
     std::uint64_t base = 0, gap = 0, purine = 0, keto = 0, uncoded = 0;
 };
 
 // At most 64 characters.
-Words pack(std::span<const char> characters, const BitsOfCharacter& bits_of)
+Words pack(std::span<const char> characters, const BitsOfCharacter& bits_of_each)
 {
     Words words;
     for (std::size_t first = 0; first < characters.size(); first += 8) {
         const auto eight = characters.subspan(first, std::min<std::size_t>(8, characters.size() - first));
-        std::uint64_t bits = 0; // a byte for each character
-        for (std::size_t k = 0; k < eight.size(); k++)
-            bits |= std::uint64_t{bits_of[static_cast<unsigned char>(eight[k])]} << 8 * k;
+        const auto bits = bits_of(eight, bits_of_each);
         words.base |= lowest_bits(bits) << first;
         words.gap |= lowest_bits(bits >> 1) << first;
         words.purine |= lowest_bits(bits >> 2) << first;
@@ -73,7 +64,7 @@ Words pack(std::span<const char> characters, const BitsOfCharacter& bits_of)
 
 BasePlanes::BasePlanes(int species, int positions)
     : positions_(positions)
-    , blocks_of_species_(static_cast<std::size_t>((positions + positions_of_block - 1) / positions_of_block))
+    , blocks_of_species_(blocks_of_positions(positions))
     , blocks_(static_cast<std::size_t>(species) * blocks_of_species_)
     , uncoded_(static_cast<std::size_t>(species))
 {
@@ -81,7 +72,7 @@ BasePlanes::BasePlanes(int species, int positions)
 
 void BasePlanes::set(int species, std::span<const char> characters, std::string_view unknown)
 {
-    const auto bits_of = bits_of_characters(unknown);
+    const auto bits = bits_of_characters(unknown);
     const auto blocks = std::span(blocks_).subspan(static_cast<std::size_t>(species) * blocks_of_species_,
                                                    blocks_of_species_);
     auto& uncoded = uncoded_[static_cast<std::size_t>(species)];
@@ -89,7 +80,7 @@ void BasePlanes::set(int species, std::span<const char> characters, std::string_
     for (std::size_t word = 0; word < blocks.size() * words_of_plane; word++) {
         const auto first = std::min(word * 64, characters.size());
         const auto packed =
-            pack(characters.subspan(first, std::min<std::size_t>(64, characters.size() - first)), bits_of);
+            pack(characters.subspan(first, std::min<std::size_t>(64, characters.size() - first)), bits);
         auto& block = blocks[word / words_of_plane];
         const auto w = word % words_of_plane;
         block.base[w] = packed.base;

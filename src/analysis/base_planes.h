@@ -1,7 +1,8 @@
 // kernel: aligned nucleic acids as bit planes.
 #pragma once
 
-#include <array>
+#include "analysis/bit_planes.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -10,14 +11,10 @@
 
 namespace kq {
 
-inline constexpr int positions_of_block = 512, words_of_plane = positions_of_block / 64;
-
-// 512 positions of a sequence, bit p % 64 of word p / 64 of each plane. A position that has no bit in `base`
-// or `gap` is unknown, beyond the end, or holds a character without a code. A: purine; C: neither; G: purine
-// and keto; T and U: keto.
-struct alignas(64) PlaneBlock {
-    using Plane = std::array<std::uint64_t, words_of_plane>;
-    Plane base{}, gap{}, purine{}, keto{};
+// 512 positions of a sequence. One that has no bit in `base` or `gap` is unknown, beyond the end, or holds a
+// character without a code. A: purine; C: neither; G: purine and keto; T and U: keto.
+struct PlaneBlock {
+    Plane base, gap, purine, keto;
 };
 
 // Sequences of one length.

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "analysis/base_planes.h"
+#include "analysis/plane_counts.h"
 
 #include <cstdint>
 #include <span>
-#include <vector>
 
 namespace kq {
 
@@ -28,11 +28,6 @@ struct CompositionCounts {
 
     friend bool operator==(const CompositionCounts&, const CompositionCounts&) = default;
 };
-
-// The instructions that the counting uses. The counts are the same.
-enum class Instructions { baseline, avx2, avx512 };
-// Those that this processor has, the fastest last.
-std::vector<Instructions> usable_instructions();
 
 // Counts species i against the species first_j .. first_j + counts.size() - 1.
 void count_pairs(const BasePlanes& planes, int i, int first_j, std::span<PairCounts> counts,
