@@ -1,6 +1,11 @@
 // format: what ClustalW is called with, and the NEXUS alignment that it writes.
 #pragma once
 
+#include "core/line_reader.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,19 +24,22 @@ struct ResultProblem {
 
 // An alignment as read.
 struct NexusAlignment {
-    std::vector<int> species; // of each row, in the order of the file; 0 or above, none twice
-    std::size_t length = 0;   // of a row
-    std::string text;         // the rows one after the other: letters and "-" only
+    std::vector<int> species;       // of each row, in the order of the file; 0 or above, none twice
+    std::size_t length = 0;         // of a row
+    std::unique_ptr<char[]> text{}; // the rows one after the other: letters and "-" only
 
-    std::string_view row(std::size_t index) const
-    {
-        return std::string_view(text).substr(index * length, length);
-    }
+    std::string_view row(std::size_t index) const { return {text.get() + index * length, length}; }
 };
 
-// Reads the text of a NEXUS file as ClustalW writes it: the numbers of rows and columns, then blocks of the
-// rows "lcl|%d   RESIDUES-" up to a line that begins with ";" or the end. Any bytes may come; where there is
-// a problem, `rows` is not to be used.
-ResultProblem read_nexus(std::string_view text, NexusAlignment& rows);
+// Hands out the lines of a text, without their line ends, one a call; false after the last one.
+using NextLine = std::function<bool(std::string_view& line)>;
+// Those of a file, which has to outlive this; one that is longer than the longest line that could be read
+// back is cut.
+NextLine lines_of(LineReader& file);
+
+// Reads a NEXUS alignment as ClustalW writes it: the numbers of rows and columns, then blocks of the rows
+// "lcl|%d   RESIDUES-" up to a line that begins with ";" or the end. Any bytes may come; where there is a
+// problem, `alignment` is not to be used.
+ResultProblem read_nexus(const NextLine& next_line, NexusAlignment& alignment);
 
 } // namespace kq

@@ -1,7 +1,7 @@
 // screen: realigning a region of the alignment with ClustalW.
 #include "tools/realignment.h"
 
-#include "core/edit.h"
+#include "core/line_reader.h"
 #include "core/store.h"
 #include "editor/editing.h"
 #include "editor/navigation.h"
@@ -18,16 +18,11 @@
 #include "screen/prompt_field.h"
 #include "screen/strings.h"
 #include "screen/text.h"
-#include "taxonomy/text_file.h"
 #include "tools/clustalw_files.h"
-#include "tools/compaction.h"
-#include "tools/fasta_text.h"
-#include "tools/gap_pattern.h"
+#include "tools/sent_region.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -44,58 +39,6 @@ constexpr std::string_view sets[] = {
     "Realign the selected region for all species",
 };
 constexpr int sets_width = 50;
-
-// ---- what is sent
-
-std::string_view text_in_region(int species)
-{
-    const std::span<const char> text = row(species);
-    const std::string_view whole(text.data(), text.size());
-    const auto first = static_cast<std::size_t>(pos_deb), end = static_cast<std::size_t>(pos_fin) + 1;
-    return whole.substr(std::min(first, whole.size()), end - first);
-}
-
-// The species sent, in order, and the text of the file.
-class Sent {
-public:
-    // Those of `species` that have enough residues, each once.
-    Sent(std::span<const int> species, int minimum);
-
-    const std::vector<int>& species() const { return species_; }
-    const std::string& fasta() const { return fasta_; }
-    // The place of one among the species; -1 when it was not sent.
-    int place_of(int one) const { return one < nb_spec ? places_[static_cast<std::size_t>(one)] : -1; }
-    std::string_view residues(int one) const // of one that was sent
-    {
-        const auto [first, count] = records_[static_cast<std::size_t>(place_of(one))];
-        return std::string_view(fasta_).substr(first, count);
-    }
-
-private:
-    struct Record {
-        std::size_t first, count; // where its residues stand in the text
-    };
-    std::vector<int> species_, places_;
-    std::vector<Record> records_;
-    std::string fasta_;
-};
-
-Sent::Sent(std::span<const int> species, int minimum)
-    : places_(static_cast<std::size_t>(nb_spec), -1)
-{
-    constexpr std::size_t header_width = 16;
-    const auto width = static_cast<std::size_t>(pos_fin - pos_deb + 1);
-    fasta_.reserve(std::min(species.size(), places_.size()) * (width + header_width));
-    for (const int one : species) {
-        int& place = places_[static_cast<std::size_t>(one)];
-        if (place >= 0) continue;
-        const auto count = static_cast<std::size_t>(clustalw_seq(one, minimum, fasta_));
-        if (count == 0) continue;
-        place = static_cast<int>(species_.size());
-        species_.push_back(one);
-        records_.push_back({fasta_.size() - 1 - count, count});
-    }
-}
 
 // ---- ClustalW
 
@@ -144,23 +87,6 @@ bool WorkFiles::may_use_names() const
                                 [this](const char* extension) { return exists(path(extension)); });
 }
 
-// What speaks against a result; it may hold each species that was sent once, with its residues, and nothing
-// else.
-ResultProblem problem_of(const NexusAlignment& aligned, const Sent& sent)
-{
-    for (std::size_t i = 0; i < aligned.species.size(); i++) {
-        const int species = aligned.species[i];
-        if (sent.place_of(species) < 0) return {"was not sent", species};
-        if (!has_residues(aligned.row(i), sent.residues(species)))
-            return {"has other residues than were sent", species};
-    }
-    if (aligned.species.size() == sent.species().size()) return {};
-    const auto is_missing = [&](int species) {
-        return std::ranges::find(aligned.species, species) == aligned.species.end();
-    };
-    return {"is missing", *std::ranges::find_if(sent.species(), is_missing)};
-}
-
 std::string sentence_about(const ResultProblem& problem)
 {
     std::string sentence = "The result of ClustalW cannot be used: ";
@@ -171,16 +97,12 @@ std::string sentence_about(const ResultProblem& problem)
     return sentence + problem.what;
 }
 
-std::string read_result(const std::string& path, const Sent& sent, NexusAlignment& aligned)
+std::string read_result(const std::string& path, const SentRegion& sent, NexusAlignment& aligned)
 {
-    // Twice what the largest alignment has: room for the names of the rows.
-    constexpr std::uintmax_t largest = 2 * seq_capacity;
-    std::error_code unknown; // a file that is not there has its message from the reading
-    const auto size = std::filesystem::file_size(path, unknown);
-    if (!unknown && size > largest) return sentence_about({"it is too long"});
-    std::string text;
-    if (auto error = read_whole_file(path, text); !error.empty()) return error;
-    ResultProblem problem = read_nexus(text, aligned);
+    LineReader file(path);
+    if (!file.opened()) return file.error();
+    ResultProblem problem = read_nexus(lines_of(file), aligned);
+    if (!file.error().empty()) return file.error();
     if (problem.what.empty()) problem = problem_of(aligned, sent);
     return problem.what.empty() ? "" : sentence_about(problem);
 }
@@ -188,7 +110,7 @@ std::string read_result(const std::string& path, const Sent& sent, NexusAlignmen
 enum class Outcome { aligned, cancelled, failed };
 
 // Has the species aligned; `problem` says what failed. No file is left.
-Outcome align(const Sent& sent, NexusAlignment& aligned, std::string& problem)
+Outcome align(const SentRegion& sent, NexusAlignment& aligned, std::string& problem)
 {
     const WorkFiles files;
     problem = files.error();
@@ -203,7 +125,7 @@ Outcome align(const Sent& sent, NexusAlignment& aligned, std::string& problem)
     if (run.ending == RunResult::cancelled) return Outcome::cancelled;
     problem = run_problem(program, run);
     if (run.ending == RunResult::not_started)
-        problem += ": install it, or name it in the environment variable KQ_CLUSTALW";
+        problem += ": KQ_CLUSTALW may name another one; the Debian package clustalw has it";
     else if (!problem.empty())
         problem += ": see terminal window";
     else
@@ -211,50 +133,18 @@ Outcome align(const Sent& sent, NexusAlignment& aligned, std::string& problem)
     return problem.empty() ? Outcome::aligned : Outcome::failed;
 }
 
-// ---- the result
-
-// Warns, and nothing is changed, when the alignment cannot become so long.
-void write_into_region(std::span<const int> species, const Sent& sent, const NexusAlignment& aligned)
-{
-    const int width = pos_fin - pos_deb + 1, length = static_cast<int>(aligned.length);
-    if (length > width && !grown(open_columns(Rows::none(), pos_fin + 1, length - width))) return;
-
-    std::vector<int> row_of(static_cast<std::size_t>(nb_spec), -1); // in the result
-    for (std::size_t i = 0; i < aligned.species.size(); i++)
-        row_of[static_cast<std::size_t>(aligned.species[i])] = static_cast<int>(i);
-    rewrite_columns(species, pos_deb, pos_deb + std::max(width, length),
-                    [&](int one, std::span<char> region) {
-                        const int place = row_of[static_cast<std::size_t>(one)];
-                        if (place < 0)
-                            compact(region.first(static_cast<std::size_t>(width)), Direction::left);
-                        else
-                            lay_out(region, aligned.row(static_cast<std::size_t>(place)), sent.residues(one));
-                    });
-    mark_changed();
-}
-
 } // namespace
-
-int clustalw_seq(int species, int minimum, std::string& file)
-{
-    if (destroy[static_cast<std::size_t>(species)]) return 0;
-    const std::size_t before = file.size();
-    append_fasta(file, species, text_in_region(species), std::max(minimum, 1));
-    if (file.size() == before) return 0;
-    const std::size_t header_end = file.find('\n', before);
-    return static_cast<int>(file.size() - 1 - (header_end + 1));
-}
 
 void do_clustalw(SpeciesSet set, int ensemble, int minimum)
 {
     const std::vector<int> species = species_of(set, ensemble);
-    const Sent sent(species, minimum);
+    const SentRegion sent(species, minimum);
     NexusAlignment aligned;
     std::string problem = "Fewer than two of the species have enough residues in the region";
     const auto outcome = sent.species().size() < 2 ? Outcome::failed : align(sent, aligned, problem);
     draw_rows_again(); // in the place of the waiting box
-    if (outcome == Outcome::aligned) write_into_region(species, sent, aligned);
-    if (outcome == Outcome::failed) warn(problem);
+    if (outcome == Outcome::aligned) grown(write_into_region(species, sent, aligned));
+    if (outcome == Outcome::failed) warn(problem + ". Nothing is changed.");
 }
 
 // ---- the command

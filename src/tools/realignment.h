@@ -4,17 +4,11 @@
 
 #include "tools/species_set.h"
 
-#include <string>
-
 namespace kq {
 
 // The command: the user marks the region, says how many residues a sequence has to have there, and chooses
 // the species.
 void gere_clustalw();
-
-// Adds a species to the text of the FASTA file for ClustalW: its residues in the region pos_deb to pos_fin.
-// Returns how many they are; 0, and nothing is added, when it is deleted, has less than `minimum`, or none.
-int clustalw_seq(int species, int minimum, std::string& file);
 
 // Has ClustalW align the region pos_deb to pos_fin of the set's species and writes the result into it;
 // columns are opened after it in all species when the result is longer. Its gaps alone are taken over: the
