@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace kq {
 
@@ -12,16 +13,25 @@ namespace {
 
 // Columns are counted in blocks whose counters stay in the cache while all rows pass, and rows in batches
 // that fit into counters of a byte: one vector holds many of these.
-constexpr std::size_t block_columns = 4096, batch_rows = 255;
+constexpr std::size_t block_columns = 16384, batch_rows = 255;
 using ByteCounters = std::array<std::uint8_t, block_columns>;
+
+// Written with vectors: the compiler makes a table of the six characters, which it looks up one by one.
+using Bytes [[gnu::vector_size(32)]] = signed char;
 
 KQ_VECTOR_CLONES void add_row(const char* text, std::size_t count, std::uint8_t* counters)
 {
-    for (std::size_t c = 0; c < count; c++) {
-        const char x = text[c];
-        counters[c] = static_cast<std::uint8_t>(
-            counters[c] + ((x == ' ') | (x == '*') | (x == '?') | (x == '$') | (x == '-') | (x == '\0')));
+    std::size_t c = 0;
+    for (; c + sizeof(Bytes) <= count; c += sizeof(Bytes)) {
+        Bytes x, counted;
+        std::memcpy(&x, text + c, sizeof x);
+        std::memcpy(&counted, counters + c, sizeof counted);
+        // A comparison that holds is -1.
+        counted -= (x == ' ') | (x == '*') | (x == '?') | (x == '$') | (x == '-') | (x == '\0');
+        std::memcpy(counters + c, &counted, sizeof counted);
     }
+    for (; c < count; c++)
+        counters[c] = static_cast<std::uint8_t>(counters[c] + counts_as_gap(text[c]));
 }
 
 KQ_VECTOR_CLONES void add_batch(const std::uint8_t* counters, std::size_t count, std::uint32_t* gaps)
