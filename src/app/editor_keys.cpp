@@ -1,4 +1,5 @@
 // screen: the keys of the editor, and those of its primary-sequence mode.
+#include "analysis/analysis_run.h"
 #include "analysis/nexus_run.h"
 #include "core/ali_screen.h"
 #include "core/consensus.h"
@@ -51,6 +52,7 @@ constexpr Binding<EditorAction> editor_bindings[] = {
     {key::f4,               whole_screen<change_affich>,                               "collapse or expand an ensemble"},
     {key::f5,               sequences<write_file_ALI>,                                 "save the alignment"},
     {key::f6,               whole_screen<detruire_ensemble>,                           "discard an ensemble"},
+    {key::f7,               whole_screen<tout_auto>,                                   "analyse the ensembles: distances, trees, files"},
     {key::f8,               whole_screen<choice_config_affiche>,                       "options of the display"},
     {key::f9,               rename_key,                                                "rename the species"},
     {key::f10,              change_group_key,                                          "change the group of the species"},

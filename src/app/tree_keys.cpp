@@ -1,4 +1,5 @@
 // model: the keys of the tree screen.
+#include "analysis/analysis_run.h"
 #include "analysis/nexus_run.h"
 #include "raster/keys.h"
 #include "taxonomy/tree_colours.h"
@@ -28,6 +29,7 @@ constexpr Binding<TreeAction> rows[] = {
     {key::enter,     &TreeScreen::list_species,      "the species below the current node, one by one"},
     {key::shift_f5,  &TreeScreen::write_outputs,     "write the selected species into a file for other programs"},
     {key::shift_f6,  &TreeScreen::on_stored_selection<write_nexus>, "write the ensembles and the selected species for PAUP, and start it"},
+    {key::shift_f7,  &TreeScreen::on_stored_selection<tout_auto>,   "analyse the ensembles and the selected species: distances, trees, files"},
     {key::shift_f9,  &TreeScreen::write_groups,      "write the list of all species and their groups"},
     {key::shift_f10, &TreeScreen::window_options,    "window size and font"},
     {key::f11,       &TreeScreen::colour_all_groups, "change the colours of all groups, on a list"},

@@ -1,5 +1,7 @@
 // The NEXUS file and the programs that are started on it.
 #include "analysis/analysed.h"
+#include "analysis/analysis_run.h"
+#include "analysis/analysis_start.h"
 #include "analysis/nexus_run.h"
 #include "analysis/output_names.h"
 #include "editor/editor_test.h"
@@ -8,6 +10,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <numeric>
 
 namespace kq {
 namespace {
@@ -108,6 +111,21 @@ TEST_F(NexusRun, WarnsAndWritesNothing)
         EXPECT_TRUE(file_names(std::string("work/") + name).empty());
         std::filesystem::remove(path(std::string("work/") + name));
     }
+}
+
+TEST_F(NexusRun, TooManySpeciesAreRefusedBeforeAnythingIsAsked)
+{
+    std::vector<int> half(max_species / 2);
+    std::iota(half.begin(), half.end(), 0);
+    load(std::vector<std::string>(half.size(), "AC"), {half, half});
+    EXPECT_FALSE(too_many_to_analyse());
+    append_member(add_ensemble(), 0);
+    for (const auto command : {write_nexus, tout_auto}) {
+        EXPECT_EQ(play("Q", command).ending, Ending::returned);
+        play("", command);
+        EXPECT_TRUE(shows("You can analyse at most 20000 species; the ensembles have 20001"));
+    }
+    EXPECT_EQ(file_names("work"), std::vector<std::string>{});
 }
 
 } // namespace
