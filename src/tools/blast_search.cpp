@@ -16,7 +16,7 @@
 #include "screen/text.h"
 #include "taxonomy/text_file.h"
 #include "tools/blast_commands.h"
-#include "tools/fasta_text.h"
+#include "tools/sent_region.h"
 
 #include <unistd.h>
 
@@ -84,26 +84,18 @@ bool run_tool(const std::vector<std::string>& command, const PrivateDirectory& d
 
 // ---- the search -------------------------------------------------------------------------------------------
 
-void add_species(std::string& file, int species, int minimum)
-{
-    if (destroy[static_cast<std::size_t>(species)]) return;
-    const auto text = row(species);
-    append_fasta(file, species, {text.data(), text.size()}, minimum);
-}
-
 // Empty on success, else what was wrong.
 std::string write_input(int query, const BlastSearch& search, const PrivateDirectory& directory)
 {
     constexpr std::size_t header_room = 16;
     std::string text;
-    add_species(text, query, 1);
-    if (text.empty()) return "The sequence has no residues to search for";
+    if (clustalw_seq(query, 0, text) == 0) return "The sequence has no residues to search for";
     std::string problem = directory.write(search.query, text);
     if (!problem.empty()) return problem;
     text.clear();
     text.reserve(static_cast<std::size_t>(nb_spec) * (static_cast<std::size_t>(nb_nuc_tot) + header_room));
     for (int species = 0; species < nb_spec; species++)
-        add_species(text, species, 0);
+        clustalw_seq(species, 0, text);
     return directory.write(search.database, text);
 }
 
@@ -176,7 +168,7 @@ TableLine headings_line()
 
 bool do_blast(int query)
 {
-    pos_deb = 0;
+    pos_deb = 0; // what clustalw_seq sends
     pos_fin = nb_nuc_tot - 1;
     std::string problem;
     const auto table = search_in_alignment(query, problem);

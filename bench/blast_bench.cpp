@@ -3,12 +3,13 @@
 #include "bench/timing.h"
 #include "core/lifecycle.h"
 #include "core/store.h"
+#include "editor/view.h"
 #include "screen/private_directory.h"
 #include "screen/process.h"
 #include "taxonomy/text_file.h"
 #include "tools/blast_commands.h"
 #include "tools/blast_table.h"
-#include "tools/fasta_text.h"
+#include "tools/sent_region.h"
 
 #include <cstdio>
 #include <string>
@@ -29,6 +30,8 @@ void load(const Evolution& evolution)
     for (int i = 0; i < evolution.species; i++)
         store_put(i, species_name(i), rows[static_cast<std::size_t>(i)], false, false);
     type_seq = evolution.alphabet == Alphabet::protein;
+    pos_deb = 0;
+    pos_fin = nb_nuc_tot - 1;
 }
 
 std::string_view text_of(int species)
@@ -42,7 +45,7 @@ std::string fasta()
     std::string text;
     text.reserve(static_cast<std::size_t>(nb_spec) * static_cast<std::size_t>(nb_nuc_tot + 16));
     for (int species = 0; species < nb_spec; species++)
-        append_fasta(text, species, text_of(species), 0);
+        clustalw_seq(species, 0, text);
     return text;
 }
 
@@ -71,7 +74,7 @@ void search(const Evolution& evolution, const char* what)
         const RunOptions options{.directory = directory.path()};
         preparing.push_back(seconds([&] {
             std::string query;
-            append_fasta(query, 0, text_of(0), 0);
+            clustalw_seq(0, 0, query);
             directory.write(names.query, query);
             directory.write(names.database, fasta());
         }));
