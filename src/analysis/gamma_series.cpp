@@ -131,12 +131,12 @@ void add_block(int s, int v, const std::vector<double>& starts, std::vector<doub
 
 GammaSeries::GammaSeries(double alpha)
     : alpha_(alpha)
-    , jukes_cantor_(14)
-    , protein_(14)
+    , jukes_cantor_(16)
+    , protein_(16)
     , first_sums_(14)
-    , factors_(8)
+    , factors_(10)
     , starts_(8)
-    , coefficients_(14)
+    , coefficients_(16)
 {
 }
 

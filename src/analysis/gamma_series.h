@@ -41,7 +41,7 @@ private:
 };
 
 // The series for one alpha. Remembers what it has computed, so a thread keeps one for all its pairs and
-// shares it with no other; it takes a few megabytes.
+// shares it with no other; it takes a few megabytes, for kimura up to some 50.
 //
 // L is the number of positions without a deletion; with none the distance is 0. Counts up to L are the rule.
 // A greater k makes a denominator zero and later ones negative: the terms, and so the distance, are infinite
