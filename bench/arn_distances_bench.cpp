@@ -1,6 +1,7 @@
 // The distances between nucleic acids beside one look-up for each pair of characters and one formula for each
 // pair of sequences. Plain times come from the pairs of some of the species.
 #include "analysis/arn_distances.h"
+#include "analysis/pair_counts.h"
 #include "analysis/parameters.h"
 #include "bench/evolved_sequences.h"
 #include "bench/timing.h"
@@ -13,15 +14,16 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
+#include <vector>
 
 using namespace kq;
 using namespace kq::bench;
 
 namespace {
 
-constexpr int runs = 5, plain_species = 300;
-
-float sink;
+constexpr int runs = 5;
+float sink; // of results that nobody reads
 
 double pairs_of(int species)
 {
@@ -37,21 +39,61 @@ std::string_view text_of(int species)
 }
 
 template <class Work>
-void for_plain_pairs(Work work)
+void for_plain_pairs(int species, Work work)
 {
-    for (int i = 0; i < plain_species; i++)
+    for (int i = 0; i < species; i++)
         for (int j = 0; j < i; j++)
             sink += static_cast<float>(work(text_of(i), text_of(j)));
 }
 
-void plain_counts()
+// What a pair of characters is, by both of them: 0 not compared, 1 identical, 2 .. 5 the kinds of
+// differences.
+std::vector<unsigned char> kinds_of_pairs()
 {
-    for_plain_pairs([](auto a, auto b) { return plain::arn_counts(a, b).transitions; });
+    std::vector<unsigned char> kinds;
+    for (int k = 0; k < 256 * 256; k++) {
+        const char a = static_cast<char>(k / 256), b = static_cast<char>(k % 256);
+        const auto counts = plain::arn_counts({&a, 1}, {&b, 1});
+        kinds.push_back(static_cast<unsigned char>(counts.compared + counts.transitions +
+                                                   2 * counts.transversions + 3 * counts.deletions +
+                                                   4 * counts.others));
+    }
+    return kinds;
 }
 
-void plain_distances(int type)
+// The fastest of the plain ways.
+plain::PairCounts look_up(std::string_view a, std::string_view b)
 {
-    for_plain_pairs([=](auto a, auto b) { return plain::arn_distance(a, b, type, alpha); });
+    static const auto kinds = kinds_of_pairs();
+    int counts[6]{};
+    for (std::size_t p = 0; p < a.size(); p++)
+        counts[kinds[256 * static_cast<unsigned char>(a[p]) + static_cast<unsigned char>(b[p])]]++;
+    return {.transitions = counts[2],
+            .transversions = counts[3],
+            .deletions = counts[4],
+            .others = counts[5],
+            .compared = static_cast<int>(a.size()) - counts[0]};
+}
+
+void look_up_counts(int species)
+{
+    for_plain_pairs(species, [](auto a, auto b) { return look_up(a, b).transitions; });
+}
+
+void look_up_kimura(int species)
+{
+    for_plain_pairs(species, [](auto a, auto b) { return plain::arn_distance(look_up(a, b), 8, alpha); });
+}
+
+void plain_counts(int species)
+{
+    for_plain_pairs(species, [](auto a, auto b) { return plain::arn_counts(a, b).transitions; });
+}
+
+template <int type>
+void plain_distances(int species)
+{
+    for_plain_pairs(species, [](auto a, auto b) { return plain::arn_distance(a, b, type, alpha); });
 }
 
 // ---- ours -------------------------------------------------------------------------------------------------
@@ -61,50 +103,90 @@ void counts()
     if (!compute_diff_arn()) std::abort();
 }
 
-void distances(int type)
+template <int type>
+void distances()
 {
     type_dist = type;
     if (!compute_dist_arn()) std::abort();
 }
 
-// Nanoseconds a pair.
-struct Pace {
-    double plain, ours;
-};
-
-template <class Plain, class Ours>
-Pace measure(Plain plain, Ours ours)
+void counts_and_kimura()
 {
-    const auto times = times_in_turn(runs, plain, ours);
-    return {1e9 * median(times.plain) / pairs_of(plain_species),
-            1e9 * median(times.ours) / pairs_of(nb_spec)};
+    counts();
+    distances<8>();
 }
 
-void beside_plain(const char* name, const Pace& pace)
+// ---- the tables -------------------------------------------------------------------------------------------
+
+// Plain takes the pairs of the first species only.
+void beside_plain(const char* name, int plain_species, void (*plain)(int), void (*ours)())
 {
-    std::printf("| %s | %.0f ns | %.1f ns | %.0f | %.2f s |\n", name, pace.plain, pace.ours,
-                pace.plain / pace.ours, pace.ours * pairs_of(nb_spec) / 1e9);
+    const auto times = times_in_turn(
+        plain_species < 100 ? 1 : runs, [=] { plain(plain_species); }, ours);
+    const double plain_pair = 1e9 * median(times.plain) / pairs_of(plain_species);
+    const double our_pair = 1e9 * median(times.ours) / pairs_of(nb_spec);
+    std::printf("| %s | %.0f ns | %.1f ns | %.0f | %.2f s |\n", name, plain_pair, our_pair,
+                plain_pair / our_pair, median(times.ours));
     std::fflush(stdout);
 }
 
-void all_types()
+void tables_beside_plain()
 {
+    std::puts("| | plain, a pair | a pair | ratio | all pairs |\n| --- | --- | --- | --- | --- |");
+    beside_plain("counts, looked up", 300, look_up_counts, counts);
+    beside_plain("counts, case by case", 300, plain_counts, counts);
+    beside_plain("counts and type 8, looked up", 300, look_up_kimura, counts_and_kimura);
+    beside_plain("counts and type 8, case by case", 300, plain_distances<8>, counts_and_kimura);
+    beside_plain("type 12", 300, plain_distances<12>, distances<12>);
+    beside_plain("type 9", 30, plain_distances<9>, distances<9>);
+    beside_plain("type 10", 5, plain_distances<10>, distances<10>);
+}
+
+// The counting alone, without the matrices.
+void table_of_instructions()
+{
+    constexpr int species = 500;
+    BasePlanes planes(species, nb_nuc_tot);
+    for (int i = 0; i < species; i++)
+        planes.set(i, row(i), car_inconnu);
+    std::puts("\n| instructions | counts, a pair | pairs of characters a second | composition, a pair |\n"
+              "| --- | --- | --- | --- |");
+    for (const auto instructions : usable_instructions()) {
+        const auto count_all = [&]<class Counts>(std::vector<Counts> counts) {
+            for (int i = 1; i < species; i++)
+                count_pairs(planes, i, 0, std::span(counts).first(static_cast<std::size_t>(i)), instructions);
+            sink += static_cast<float>(counts[0].transversions);
+        };
+        const auto times = times_in_turn(
+            runs * 10, [&] { count_all(std::vector<PairCounts>(species)); },
+            [&] { count_all(std::vector<CompositionCounts>(species)); });
+        const double pair = 1e9 * median(times.plain) / pairs_of(species);
+        constexpr const char* names[] = {"baseline", "AVX2", "AVX-512"};
+        std::printf("| %s | %.1f ns | %.1f thousand million | %.1f ns |\n",
+                    names[static_cast<int>(instructions)], pair, nb_nuc_tot / pair,
+                    1e9 * median(times.ours) / pairs_of(species));
+        std::fflush(stdout);
+    }
+}
+
+template <int... types>
+void beside_counts(std::integer_sequence<int, types...>)
+{
+    void (*const fill[])() = {distances<types>...};
     std::puts("\n| type | a pair | times the counts |\n| --- | --- | --- |");
-    for (int type = 0; type < arn_distances; type++) {
-        const auto times = times_in_turn(runs, counts, [=] { distances(type); });
-        std::printf("| %d %.*s | %.1f ns | %.2f |\n", type,
-                    static_cast<int>(opt_mat[static_cast<std::size_t>(type)].size()),
-                    opt_mat[static_cast<std::size_t>(type)].data(),
+    for (const int type : {types...}) {
+        const auto times = times_in_turn(type == 9 || type == 10 ? 1 : runs, counts, fill[type]);
+        const auto name = opt_mat[static_cast<std::size_t>(type)];
+        std::printf("| %d %.*s | %.1f ns | %.2f |\n", type, static_cast<int>(name.size()), name.data(),
                     1e9 * median(times.ours) / pairs_of(nb_spec), median(times.ours) / median(times.plain));
         std::fflush(stdout);
     }
 }
 
-template <class Work>
-void on_two_threads(const char* name, Work work)
+void on_two_threads(const char* name, void (*work)())
 {
-    const auto on = [&](int threads) {
-        return [&work, threads] {
+    const auto on = [=](int threads) {
+        return [=] {
             omp_set_num_threads(threads);
             work();
         };
@@ -128,22 +210,13 @@ int main()
     analyse(evolved_sequences(evolution), evolution.alphabet);
     counts(); // the matrices' memory is there from now on
 
-    std::printf(
-        "%d x %d\n\n| | plain, a pair | a pair | ratio | all pairs |\n| --- | --- | --- | --- | --- |\n",
-        nb_spec, nb_nuc_tot);
-    const auto pace = measure(plain_counts, counts);
-    beside_plain("counts", pace);
-    std::printf("(%.1f thousand million pairs of characters a second)\n", nb_nuc_tot / pace.ours);
-    beside_plain("counts and type 8", measure([] { plain_distances(8); },
-                                              [] {
-                                                  counts();
-                                                  distances(8);
-                                              }));
-    beside_plain("type 12", measure([] { plain_distances(12); }, [] { distances(12); }));
-    all_types();
+    std::printf("%d x %d, one thread\n\n", nb_spec, nb_nuc_tot);
+    tables_beside_plain();
+    table_of_instructions();
+    beside_counts(std::make_integer_sequence<int, arn_distances>());
     std::puts("\n| | one thread | two threads | ratio |\n| --- | --- | --- | --- |");
     on_two_threads("counts", counts);
-    on_two_threads("type 8", [] { distances(8); });
-    on_two_threads("type 12", [] { distances(12); });
+    on_two_threads("type 8", distances<8>);
+    on_two_threads("type 12", distances<12>);
     return sink == 0;
 }
