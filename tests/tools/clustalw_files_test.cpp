@@ -113,7 +113,7 @@ TEST(ClustalwFiles, DamageIsFoundOrHarmless)
         std::string text = good;
         for (auto changes = random() % 4; changes > 0; changes--)
             text[random() % text.size()] =
-                static_cast<char>(random() % 5 ? "\n\r ;-0179Aal|#"[random() % 15] : random());
+                random() % 5 ? "\n\r ;-0179Aal|#"[random() % 15] : static_cast<char>(random());
         if (random() % 2) text.resize(random() % (text.size() + 1));
         NexusAlignment alignment;
         if (!read_text(text, alignment).what.empty()) continue;
