@@ -66,6 +66,7 @@ void measure_removal(Size size)
 // In a process of its own, for its peak of memory.
 void measure_run(Size size, int level)
 {
+    std::fflush(stdout);
     const pid_t child = fork();
     if (child != 0) {
         waitpid(child, nullptr, 0);
@@ -101,13 +102,14 @@ int main()
     for (const Size size : sizes)
         measure_removal(size);
 
-    std::filesystem::create_directories(folder());
-    std::filesystem::current_path(folder());
+    const std::string directory = folder() + "run";
+    std::filesystem::create_directories(directory);
+    std::filesystem::current_path(directory);
     std::puts("\n| | level | everything | files | memory at the peak | of it matrices |");
     std::puts("| --- | --- | --- | --- | --- | --- |");
     measure_run({1000, 1500}, 3);
     measure_run({5000, 1500}, 1);
     measure_run({5000, 1500}, 3);
     measure_run({20000, 1500}, 1);
-    std::filesystem::remove_all(folder());
+    std::filesystem::remove_all(directory);
 }
