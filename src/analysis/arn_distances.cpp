@@ -98,7 +98,7 @@ bool fill_closed_forms(const Report& report)
 
 // ---- the series -------------------------------------------------------------------------------------------
 
-// Some pairs take milliseconds, so a row is short.
+// Some pairs take most of a millisecond, so a row is short.
 constexpr int side_of_series = 8;
 
 float rzhetsky_nei(GammaSeries& series, int type, const PairCounts& counts)
