@@ -331,7 +331,7 @@ float prot_distance(const ResidueCounts& counts, int type, double shape)
     case 0:
         return (g + s) * 100.0F / n;
     case 1: {
-        const double p = static_cast<double>(s) / without_gaps, x = 1 - p - 0.2 * p * p;
+        const double p = static_cast<double>(s) / without_gaps, x = 1 - p - 0.2 * (p * p);
         return x > 0 ? stored(-std::log(x)) : 0;
     }
     case 5:

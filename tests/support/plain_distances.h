@@ -5,9 +5,9 @@
 //
 // Precision. A percentage (nucleic acids 0 to 6, proteins 0 and 2 to 5) is computed in single precision;
 // everything else is computed in double precision and rounded once, when it is stored. A formula is read from
-// left to right: a b / c is (a b) / c, 1 - x - y is (1 - x) - y. A term of a series begins with its first
-// factor; each further factor is computed by itself, from left to right, before the term is multiplied by it;
-// where the term is "divided by" something, that is a step of its own. Sums run upwards.
+// left to right, powers first: a b / c is (a b) / c, 1 - x - y is (1 - x) - y. A term of a series begins with
+// its first factor; each further factor is computed by itself, from left to right, before the term is
+// multiplied by it; where the term is "divided by" something, that is a step of its own. Sums run upwards.
 // Deliberate: a distance of zero is +0, never -0, and two sequences in which a distance finds no difference
 // have the distance 0, whatever the rounding of its formula.
 #pragma once
