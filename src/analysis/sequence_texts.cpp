@@ -103,7 +103,7 @@ bool put_msf(const PutText& put)
 
 bool put_afas(const PutText& put)
 {
-    if (!put(text_format("#%s\n#%s\n", molecule, domaine))) return false;
+    if (!put("#M\n#D\n")) return false;
     const auto positions = kept_positions();
     for (int i = 0; i < nb_spec_auto; i++)
         if (!put(">" + identificateur(i, name_length, identifier_trimmed) + "\n" +

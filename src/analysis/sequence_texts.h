@@ -15,7 +15,7 @@ bool put_pir(const PutText& put);
 bool put_msf(const PutText& put);
 bool write_ident_msf(const PhylipName& name, const PutText& file);
 
-// Begins as an .ali file does, with the lines for molecule and domain.
+// Begins with two lines as an .ali file does. Deliberate: they are always "#M" and "#D".
 bool put_afas(const PutText& put);
 
 // The comment of a matrix, what to compute, then the species.
