@@ -7,6 +7,7 @@
 #include "analysis/header_file.h"
 #include "analysis/matrix_text.h"
 #include "analysis/nexus_text.h"
+#include "analysis/nj_tree.h"
 #include "analysis/output_file.h"
 #include "analysis/output_names.h"
 #include "analysis/sequence_texts.h"
@@ -59,7 +60,7 @@ bool write_matrix()
 bool out_matrix_nj()
 {
     nomfic = with_extension(nomfic, ".mat");
-    return write_matrix();
+    return write_matrix() && calcul_arbre();
 }
 
 bool write_paup_3_0()

@@ -18,7 +18,7 @@ bool write_file_NB(char kind);
 
 // The distances of dist, lower triangle.
 bool write_matrix();
-// The same with the extension .mat.
+// The same with the extension .mat, and then the tree (analysis/nj_tree.h).
 bool out_matrix_nj();
 
 bool write_paup_3_0();

@@ -119,7 +119,7 @@ protected:
         EXPECT_TRUE(written([] { return write_file_NB('m'); }));
         all += file_text();
         append(all, ".njb", write_njb);
-        append(all, ".mat", [] { return out_matrix_nj(); });
+        append(all, ".mat", write_matrix);
         EXPECT_TRUE(written([] { return write_file_NB('s'); }));
         all += file_text();
         append(all, ".mac", write_paup_3_0);
