@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 
@@ -31,7 +32,10 @@ bool is_plain_name(std::string_view name)
     const auto is_plain = [](char c) {
         return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
     };
-    if (name.empty() || name.front() == '.' || name.front() == '-' || name.back() == '-') return false;
+    constexpr std::size_t longest = 200; // of the 255 characters that the name of a file may have
+    if (name.empty() || name.size() > longest || name.front() == '.' || name.front() == '-' ||
+        name.back() == '-')
+        return false;
     return std::ranges::all_of(name, [&](char c) { return is_plain(c) || c == '.' || c == '-'; });
 }
 

@@ -8,8 +8,9 @@
 
 namespace kq {
 
-// Whether a name holds nothing but letters, digits, ".", "_" and inner "-" and does not begin with ".": no
-// program that gets it can take it for anything else. Other names stay outside a private directory.
+// Whether a name holds nothing but letters, digits, ".", "_" and inner "-", does not begin with ".", and has
+// room for what programs add to it: none that gets it can take it for anything else. Other names stay outside
+// a private directory.
 bool is_plain_name(std::string_view name);
 
 // A new empty directory that only this user can enter; it goes away with all it holds when the object is

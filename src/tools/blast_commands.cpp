@@ -3,21 +3,12 @@
 
 #include "screen/private_directory.h"
 
-#include <cstddef>
-
 namespace kq {
-
-namespace {
-
-// The programs' own files have longer names, and none may have more than 255 characters.
-constexpr std::size_t longest_stem = 200;
-
-} // namespace
 
 BlastSearch blast_search(std::string_view alignment, bool protein)
 {
-    const bool plain = is_plain_name(alignment) && alignment.size() <= longest_stem;
-    const std::string stem(plain ? alignment : "alignment"), program = protein ? "blastp" : "blastn";
+    const std::string stem(is_plain_name(alignment) ? alignment : "alignment"),
+        program = protein ? "blastp" : "blastn";
     return {.program = program,
             .database = stem + ".forblast.fasta",
             .query = stem + ".query.fasta",

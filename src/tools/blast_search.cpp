@@ -26,6 +26,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace kq {
@@ -42,8 +43,12 @@ namespace {
 std::string program_directory()
 {
     const char* const chosen = std::getenv("KQ_BLAST_BIN");
-    // The programs run in another directory than this one.
-    if (chosen && *chosen) return std::filesystem::absolute(chosen).string() + '/';
+    if (chosen && *chosen) {
+        std::error_code failed; // without a current directory the path stays as it is
+        // The programs run in another directory than this one.
+        const auto whole = std::filesystem::absolute(chosen, failed).string();
+        return (failed ? chosen : whole) + '/';
+    }
     const std::string usual(blast_directory);
     return access((usual + "formatdb").c_str(), X_OK) == 0 ? usual : "";
 }
@@ -89,7 +94,9 @@ std::string write_input(int query, const BlastSearch& search, const PrivateDirec
 {
     constexpr std::size_t header_room = 16;
     std::string text;
-    if (clustalw_seq(query, 0, text) == 0) return "The sequence has no residues to search for";
+    if (clustalw_seq(query, 0, text) == 0)
+        return destroy[static_cast<std::size_t>(query)] ? "The sequence is deleted"
+                                                        : "The sequence has no residues to search for";
     std::string problem = directory.write(search.query, text);
     if (!problem.empty()) return problem;
     text.clear();
@@ -172,10 +179,8 @@ bool do_blast(int query)
     pos_fin = nb_nuc_tot - 1;
     std::string problem;
     const auto table = search_in_alignment(query, problem);
-    if (!problem.empty()) {
-        draw_rows_again(); // the warning may be a smaller box than the one it comes after
-        warn(problem);
-    }
+    draw_rows_again(); // in the place of the waiting box; what comes next may be smaller
+    if (!problem.empty()) warn(problem);
     if (table) keep(table->hits);
     return table.has_value();
 }

@@ -209,7 +209,7 @@ bool NexusReader::read_row(std::string_view line)
     }
     const auto index = static_cast<std::size_t>(row);
     const std::size_t block = 1 + rows_read_++ / row_count_;
-    if (rows_[index].block == block) return refuse("comes twice", species);
+    if (rows_[index].block == block) return refuse("comes again before all rows have come", species);
     rows_[index].block = block;
     return add_columns(index, without_blanks_before(line));
 }

@@ -1,6 +1,7 @@
 // screen: realigning a region of the alignment with ClustalW.
 #include "tools/realignment.h"
 
+#include "analysis/progress.h"
 #include "core/line_reader.h"
 #include "core/store.h"
 #include "editor/editing.h"
@@ -8,7 +9,6 @@
 #include "editor/prompts.h"
 #include "editor/region.h"
 #include "editor/view.h"
-#include "raster/grx.h"
 #include "screen/cleanup.h"
 #include "screen/dialogs.h"
 #include "screen/fields.h"
@@ -23,9 +23,11 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -83,8 +85,10 @@ WorkFiles::WorkFiles()
 bool WorkFiles::may_use_names() const
 {
     return is_plain_name(base_) && cannot_write("./", 0).empty() &&
-           std::ranges::none_of(extensions,
-                                [this](const char* extension) { return exists(path(extension)); });
+           std::ranges::none_of(extensions, [this](const char* extension) {
+               std::error_code ignored; // a link that leads nowhere is the user's, too
+               return std::filesystem::exists(std::filesystem::symlink_status(path(extension), ignored));
+           });
 }
 
 std::string sentence_about(const ResultProblem& problem)
@@ -118,7 +122,6 @@ Outcome align(const SentRegion& sent, NexusAlignment& aligned, std::string& prob
     if (!problem.empty()) return Outcome::failed;
 
     const std::string program = chosen_program("KQ_CLUSTALW", "clustalw");
-    const auto go_on = [] { return !GrEscapePressed(); };
     const RunResult run =
         run_program(clustalw_arguments(program, files.name(".fasta")),
                     {.output = "", .error = "", .directory = files.directory(), .go_on = go_on});

@@ -145,6 +145,9 @@ TEST_F(BlastSearchTest, CountsWhatComesBeforeRubbish)
     EXPECT_EQ(tophits, 1);
     EXPECT_EQ(evalue[1][1], 1e-9);
     EXPECT_EQ(evalue[2][1], -1.0);
+    write_file("table", "");
+    edit("Z");
+    EXPECT_FALSE(shows("ESCAPE:Cancel")) << "the waiting box is larger than a table without hits";
 }
 
 } // namespace

@@ -90,7 +90,7 @@ TEST(ClustalwFiles, WhatIsWrongIsSaid)
         {matrix("lcl|7 AC--U\nlcl|-1 ACG-U\n"), "line 9 is not the row of a species"},
         {matrix("lcl|7 AC--U\nlcl|20000 ACG-U\n"), "line 9 is not the row of a species"},
         {matrix("lcl|7 AC--U\nlcl|12 AC.-U\n"), "line 9 has a character that is no residue"},
-        {matrix("lcl|7 AC--U\nlcl|7 ACG-U\n;\n"), "comes twice", 7},
+        {matrix("lcl|7 AC--U\nlcl|7 ACG-U\n;\n"), "comes again before all rows have come", 7},
         {matrix("lcl|7 AC--U\n;\nlcl|12 ACG-U\n"), "it has 1 rows and announces 2"},
         {matrix("lcl|7 AC--\nlcl|12 ACG-\n\nlcl|7 U\nlcl|3 U\n"),
          "it has more than the 2 rows that it announces"},

@@ -199,7 +199,8 @@ TEST_F(Realignment, AProgramThatFailsChangesNothing)
         {"echo Error > \"$out\"", "it does not begin as a NEXUS alignment does"},
         {"head -n 6 $root/answer > \"$out\"", "it has 0 rows and announces 3"},
         {"sed 's/lcl|2/     /' $root/answer > \"$out\"", "is not the row of a species"},
-        {"sed 's/lcl|2/lcl|1/' $root/answer > \"$out\"", "Genus_b species@2 comes twice"},
+        {"sed 's/lcl|2/lcl|1/' $root/answer > \"$out\"",
+         "Genus_b species@2 comes again before all rows have come"},
         {"sed 's/lcl|2/lcl|3/' $root/answer > \"$out\"", "Genus_d species@4 was not sent"},
         {"sed 's/lcl|2/lcl|9/' $root/answer > \"$out\"", "species 9 was not sent"},
         {"sed 's/ntax=3/ntax=2/' $root/answer > \"$out\"", "it has more than the 2 rows"},
@@ -254,9 +255,12 @@ TEST_F(Realignment, AnyNameOfTheAlignmentWillDo)
         {"my ali;touch x.ali", "region.fasta"},
         {"-infile=x.ali", "region.fasta"},
         {"$(touch x)`'\"&|.ali", "region.fasta"},
-        {"own.ali", "region.fasta"}, // the user has a file of the name that it would have
+        {std::string(250, 'l'), "region.fasta"},
+        {"own.ali", "region.fasta"},  // the user has a file of the name that it would have
+        {"link.ali", "region.fasta"}, // or a link that leads nowhere
     };
     write_file("work/own.ali.2-5.dnd", "the user's own");
+    std::filesystem::create_symlink(path("nowhere"), path("work/link.ali.2-5.nxs"));
     stand_in("echo \"$# $2\" > $root/input; pwd >> $root/input; cat $root/answer > \"$out\"");
     for (const auto& c : cases) {
         load({"ACG*TA", "ACCG*A"});
@@ -270,7 +274,8 @@ TEST_F(Realignment, AnyNameOfTheAlignmentWillDo)
         const std::string input = read_file("input");
         EXPECT_EQ(input.substr(0, input.find('\n')), "2 -infile=" + c.input) << c.name;
         EXPECT_EQ(input.ends_with("/work\n"), c.input != "region.fasta") << input;
-        EXPECT_EQ(file_names("work"), std::vector<std::string>{"own.ali.2-5.dnd"}) << c.name;
+        EXPECT_EQ(file_names("work"), (std::vector<std::string>{"link.ali.2-5.nxs", "own.ali.2-5.dnd"}))
+            << c.name;
         EXPECT_EQ(file_names("temporary"), std::vector<std::string>{}) << c.name;
     }
     EXPECT_EQ(read_file("work/own.ali.2-5.dnd"), "the user's own");
@@ -352,7 +357,7 @@ TEST_F(Realignment, ClustalWRealignsRealSequences)
         {"ssu.ali", "ssu_small.ali", test::nucleic, 180, 90, true},
         {"two words;x.ali", "ssu_small.ali", test::nucleic, 180, 90, false},
         {"prot.ali", "ovomucoid.ali", test::protein, 0, 88, false},
-        {"prot.ali", "proteases.ali", test::protein, 300, 80, true},
+        {"prot.ali", "proteases.ali", test::protein, 600, 80, true},
     };
     for (const auto& c : cases) {
         // Ten columns on either side that stay. In the region every second column is empty, so that it
