@@ -62,9 +62,9 @@ std::string comment_header(char kind)
     return text;
 }
 
-void write_comment(NewFile& file, char kind)
+bool write_comment(const PutText& file, char kind)
 {
-    file.write(comment_header(kind));
+    return file(comment_header(kind));
 }
 
 std::string identificateur(int i, int length, IdentifierMode mode)
@@ -86,11 +86,10 @@ std::string identificateur(int i, int length, IdentifierMode mode)
     return mode == identifier_quoted ? nexus_quoted(text) : text;
 }
 
-int write_identificateur(NewFile& file, int i, int length, IdentifierMode mode)
+int write_identificateur(const PutText& file, int i, int length, IdentifierMode mode)
 {
     const std::string text = identificateur(i, length, mode);
-    file.write(text);
-    return static_cast<int>(text.size());
+    return file(text) ? static_cast<int>(text.size()) : -1;
 }
 
 std::string nexus_quoted(std::string_view text)

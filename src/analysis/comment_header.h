@@ -1,17 +1,17 @@
 // format: what the files of an analysis begin with, and the identifiers in them. Opens no box.
 #pragma once
 
+#include "analysis/put_text.h"
+
 #include <string>
 #include <string_view>
 
 namespace kq {
 
-class NewFile;
-
 // The comment lines above a matrix or tree ('m') or above sequences ('s'), for the file that nomfic names. A
 // matrix says which distance it holds (type_dist).
 std::string comment_header(char kind);
-void write_comment(NewFile& file, char kind);
+bool write_comment(const PutText& file, char kind);
 
 // How an identifier is fitted to the file it stands in.
 enum IdentifierMode : int {
@@ -28,8 +28,8 @@ enum IdentifierMode : int {
 // - 2: the first word, with blanks after it, 80 characters in all.
 // A name without a blank is left whole by 1 and 2.
 std::string identificateur(int i, int length, IdentifierMode mode);
-// Writes it; returns the number of characters written.
-int write_identificateur(NewFile& file, int i, int length, IdentifierMode mode);
+// Writes it; returns the number of characters, or -1 where `file` said to stop.
+int write_identificateur(const PutText& file, int i, int length, IdentifierMode mode);
 
 // A NEXUS token in single quotes; a quote inside it is doubled.
 std::string nexus_quoted(std::string_view text);

@@ -23,12 +23,13 @@ bool ends_line(int n, int count, int a_line)
 
 bool put_header_file(char kind, const PutText& put)
 {
-    if (!put(comment_header(kind)) ||
+    if (!write_comment(put, kind) ||
         !put(text_format("#Here is the list of the %d species used:\n", nb_spec_auto)))
         return false;
     for (int i = 0; i < nb_spec_auto; i++) {
-        const std::string name = identificateur(i, name_length, identifier_binomial) + "  ";
-        if (!put(ends_line(i + 1, nb_spec_auto, names_a_line) ? name + "\n" : name)) return false;
+        if (write_identificateur(put, i, name_length, identifier_binomial) < 0 ||
+            !put(ends_line(i + 1, nb_spec_auto, names_a_line) ? "  \n" : "  "))
+            return false;
     }
     std::string text = std::string(line_of_stars, '*') +
                        text_format("\nHere is the list of the %d selected positions:\n", nb_nuc_keep);

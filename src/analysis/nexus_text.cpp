@@ -32,17 +32,17 @@ enum class RowEnd { padded, as_it_is };
 bool put_matrix(IdentifierMode mode, const Spelling& spelling, RowEnd end, const PutText& put)
 {
     const auto positions = kept_positions();
-    std::string line, characters;
+    std::string characters;
     for (int i = 0; i < nb_spec_auto; i++) {
         const int species = cor_auto[static_cast<std::size_t>(i)];
-        line = identificateur(i, name_length, mode) + ' ';
         kept_characters(species, positions, characters);
         if (end == RowEnd::as_it_is) {
             const auto beyond = std::ranges::lower_bound(positions, static_cast<int>(row(species).size()));
             characters.resize(static_cast<std::size_t>(beyond - positions.begin()));
         }
         spelling.apply(characters);
-        if (!put(line.append(characters).append("\n"))) return false;
+        if (write_identificateur(put, i, name_length, mode) < 0 || !put(" " + characters + "\n"))
+            return false;
     }
     return put("    ;\nend;\n");
 }

@@ -60,7 +60,7 @@ std::string leaf_text(const nodenj& leaf)
 
 bool put_tree(const PutText& put)
 {
-    if (!put(comment_header('m')) || !put("#Tree calculated by the Neighbor Joining method\n")) return false;
+    if (!write_comment(put, 'm') || !put("#Tree calculated by the Neighbor Joining method\n")) return false;
     for (int slot = 0; slot < 3; slot++)
         if (!put(slot == 0 ? "(" : ",") || !sauve_int(root(slot), put)) return false;
     return put(");");

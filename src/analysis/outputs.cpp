@@ -33,7 +33,7 @@ bool write_output(const std::function<bool(const PutText&)>& text)
 bool put_matrix(const PutText& put)
 {
     constexpr int name_length = 80;
-    if (!put(comment_header('m'))) return false;
+    if (!write_comment(put, 'm')) return false;
     std::string line;
     for (int i = 0; i < nb_spec_auto; i++) {
         line = identificateur(i, name_length, identifier_joined);

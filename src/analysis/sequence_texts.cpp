@@ -106,8 +106,8 @@ bool put_afas(const PutText& put)
     if (!put("#M\n#D\n")) return false;
     const auto positions = kept_positions();
     for (int i = 0; i < nb_spec_auto; i++)
-        if (!put(">" + identificateur(i, name_length, identifier_trimmed) + "\n" +
-                 spelled(i, positions, Spelling()) + "\n"))
+        if (!put(">") || write_identificateur(put, i, name_length, identifier_trimmed) < 0 ||
+            !put("\n" + spelled(i, positions, Spelling()) + "\n"))
             return false;
     return true;
 }
@@ -116,11 +116,11 @@ bool put_njb(const PutText& put)
 {
     std::string first = text_format("%d %d %d 1000 %d", nb_spec_auto, nb_nuc_keep, type_seq, type_dist);
     if (gamma_distance(type_dist, type_seq)) first += text_format(" %f", alpha);
-    if (!put(comment_header('m') + first + "\n")) return false;
+    if (!write_comment(put, 'm') || !put(first + "\n")) return false;
     const auto positions = kept_positions();
     for (int i = 0; i < nb_spec_auto; i++)
-        if (!put(identificateur(i, name_length, identifier_joined) + " " +
-                 spelled(i, positions, unknown_blanks) + "\n"))
+        if (write_identificateur(put, i, name_length, identifier_joined) < 0 ||
+            !put(" " + spelled(i, positions, unknown_blanks) + "\n"))
             return false;
     return true;
 }
