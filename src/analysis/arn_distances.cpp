@@ -44,17 +44,20 @@ std::optional<BasePlanes> planes_of(std::span<const int> species, const Report& 
     return planes;
 }
 
-// Calls work(i, counts of i against first_j ...) for each row of the block.
+// Calls work(i, counts of i against first_j ...) for each row of the block. False when the computation is to
+// stop.
 template <class Counts, class Work>
-void count_rows(const BasePlanes& planes, const PairBlock& block, Work work)
+bool count_rows(const BasePlanes& planes, const PairBlock& block, Pace& pace, Work work)
 {
     static const Instructions instructions = usable_instructions().back();
     std::array<Counts, side_of_counts> buffer;
     for (int i = block.first_i; i < block.end_i; i++) {
+        if (!pace.go_on()) return false;
         const auto counts = std::span(buffer).first(lower_row(block, i).length);
         count_pairs(planes, i, block.first_j, counts, instructions);
         work(i, std::span<const Counts>(counts));
     }
+    return true;
 }
 
 // ---- from the counts --------------------------------------------------------------------------------------
@@ -143,13 +146,13 @@ bool fill_tamura_nei(const Report& report)
 {
     const auto planes = planes_of(analysed_species(), report);
     if (!planes) return false;
-    const auto body = [&](const PairBlock& block, Pace&) {
-        count_rows<CompositionCounts>(*planes, block, [&](int i, std::span<const CompositionCounts> counts) {
+    const auto body = [&](const PairBlock& block, Pace& pace) -> std::int64_t {
+        const auto work = [&](int i, std::span<const CompositionCounts> counts) {
             float* const distances = dist + lower_row(block, i).cells;
             for (std::size_t k = 0; k < counts.size(); k++)
                 distances[k] = tamura_nei(counts[k], alpha);
-        });
-        return comparable_pairs(block);
+        };
+        return count_rows<CompositionCounts>(*planes, block, pace, work) ? comparable_pairs(block) : 0;
     };
     return for_pair_blocks(nb_spec_auto, side_of_counts, body, report);
 }
@@ -163,13 +166,14 @@ bool compute_diff_arn()
     DistanceProgress progress(number_of_pairs(nb_spec_auto));
     const auto planes = planes_of(analysed_species(), progress.report());
     if (!planes) return false;
-    const auto body = [&](const PairBlock& block, Pace&) {
+    const auto body = [&](const PairBlock& block, Pace& pace) -> std::int64_t {
         BlockCounts counts;
-        count_rows<PairCounts>(*planes, block, [&](int i, std::span<const PairCounts> row) {
+        const auto work = [&](int i, std::span<const PairCounts> row) {
             prefetch_cells(block, i - block.first_i);
             for (std::size_t k = 0; k < row.size(); k++)
                 counts.put(static_cast<std::size_t>(i - block.first_i), k, row[k]);
-        });
+        };
+        if (!count_rows<PairCounts>(*planes, block, pace, work)) return 0;
         write_counts(block, counts);
         return block.pairs();
     };

@@ -63,9 +63,9 @@ Words pack(std::span<const char> characters, const BitsOfCharacter& bits_of_each
 } // namespace
 
 BasePlanes::BasePlanes(int species, int positions)
-    : positions_(positions)
-    , blocks_of_species_(blocks_of_positions(positions))
-    , blocks_(static_cast<std::size_t>(species) * blocks_of_species_)
+    : blocks_of_species_(blocks_of_positions(positions))
+    , blocks_(std::make_unique_for_overwrite<PlaneBlock[]>(static_cast<std::size_t>(species) *
+                                                           blocks_of_species_))
     , uncoded_(static_cast<std::size_t>(species))
 {
 }
@@ -73,8 +73,8 @@ BasePlanes::BasePlanes(int species, int positions)
 void BasePlanes::set(int species, std::span<const char> characters, std::string_view unknown)
 {
     const auto bits = bits_of_characters(unknown);
-    const auto blocks = std::span(blocks_).subspan(static_cast<std::size_t>(species) * blocks_of_species_,
-                                                   blocks_of_species_);
+    const std::span blocks(blocks_.get() + static_cast<std::size_t>(species) * blocks_of_species_,
+                           blocks_of_species_);
     auto& uncoded = uncoded_[static_cast<std::size_t>(species)];
     uncoded.clear();
     for (std::size_t word = 0; word < blocks.size() * words_of_plane; word++) {

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -17,21 +18,18 @@ struct PlaneBlock {
     Plane base, gap, purine, keto;
 };
 
-// Sequences of one length.
+// Sequences of one length, each undefined until it is set: to clear them at once could take long.
 class BasePlanes {
 public:
-    BasePlanes() = default;
-    BasePlanes(int species, int positions); // all unknown
+    BasePlanes(int species, int positions);
 
-    // Replaces one sequence (0-based); one at a time. Characters of `unknown` are unknown whatever their
-    // code.
+    // Sets or replaces one sequence (0-based); one at a time. Characters of `unknown` are unknown whatever
+    // their code.
     void set(int species, std::span<const char> characters, std::string_view unknown);
 
-    int positions() const { return positions_; }
     std::span<const PlaneBlock> blocks(int species) const
     {
-        return std::span(blocks_).subspan(static_cast<std::size_t>(species) * blocks_of_species_,
-                                          blocks_of_species_);
+        return {blocks_.get() + static_cast<std::size_t>(species) * blocks_of_species_, blocks_of_species_};
     }
     // Whether a sequence has known characters without a code (lower-case letters...).
     bool any_uncoded() const { return any_uncoded_; }
@@ -42,10 +40,9 @@ public:
     }
 
 private:
-    int positions_ = 0;
     bool any_uncoded_ = false;
-    std::size_t blocks_of_species_ = 0;
-    std::vector<PlaneBlock> blocks_;
+    std::size_t blocks_of_species_;
+    std::unique_ptr<PlaneBlock[]> blocks_;
     std::vector<std::vector<std::uint64_t>> uncoded_;
 };
 

@@ -12,7 +12,7 @@ inline constexpr int positions_of_block = 512, words_of_plane = positions_of_blo
 
 // 512 positions: bit p % 64 of word p / 64.
 struct alignas(64) Plane {
-    std::array<std::uint64_t, words_of_plane> words{};
+    std::array<std::uint64_t, words_of_plane> words;
 
     std::uint64_t& operator[](std::size_t word) { return words[word]; }
     const std::uint64_t& operator[](std::size_t word) const { return words[word]; }

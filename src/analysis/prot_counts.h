@@ -30,7 +30,7 @@ class ComparedProteins {
 public:
     ComparedProteins(int species, int positions, const ProtWeights& weights, std::string_view unknown);
 
-    // Replaces one sequence (0-based); one at a time. All are unknown at first.
+    // Sets or replaces one sequence (0-based); one at a time. Undefined before.
     void set(int species, std::span<const char> characters);
 
     // Compares species i with the species first_j .. first_j + counts.size() - 1. Several threads may.

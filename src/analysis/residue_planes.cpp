@@ -36,7 +36,8 @@ ResiduePlanes::ResiduePlanes(int species, int positions, const WeightTerms& weig
         residues.push_back(columns);
     }
     layout_.planes = residues.size();
-    planes_.resize(static_cast<std::size_t>(species) * blocks_ * layout_.planes);
+    planes_ =
+        std::make_unique_for_overwrite<Plane[]>(static_cast<std::size_t>(species) * blocks_ * layout_.planes);
 
     bits_of_characters_.resize((layout_.planes + 7) / 8);
     for (std::size_t c = 0; c < prot_codes.size(); c++) {
@@ -52,7 +53,7 @@ ResiduePlanes::ResiduePlanes(int species, int positions, const WeightTerms& weig
 
 void ResiduePlanes::set(int species, std::span<const char> characters)
 {
-    Plane* block = planes_.data() + static_cast<std::size_t>(species) * blocks_ * layout_.planes;
+    Plane* block = planes_.get() + static_cast<std::size_t>(species) * blocks_ * layout_.planes;
     for (std::size_t k = 0; k < blocks_; k++, block += layout_.planes) {
         std::fill_n(block, layout_.planes, Plane{});
         const auto from = std::min(k * positions_of_block, characters.size());

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -23,27 +24,27 @@ struct ResidueLayout {
     bool has_codes() const { return terms != codes; }
 };
 
-// Sequences of one length. Unknown are the characters of `unknown` and all that are neither an amino acid nor
-// a gap.
+// Sequences of one length, each undefined until it is set: to clear them at once could take long. Unknown are
+// the characters of `unknown` and all that are neither an amino acid nor a gap.
 class ResiduePlanes {
 public:
     ResiduePlanes(int species, int positions, const WeightTerms& weights, std::string_view unknown);
 
-    // Replaces one sequence (0-based); one at a time. All are unknown at first.
+    // Sets or replaces one sequence (0-based); one at a time.
     void set(int species, std::span<const char> characters);
 
     const ResidueLayout& layout() const { return layout_; }
     std::size_t blocks_of_species() const { return blocks_; }
     const Plane* blocks(int species) const
     {
-        return planes_.data() + static_cast<std::size_t>(species) * blocks_ * layout_.planes;
+        return planes_.get() + static_cast<std::size_t>(species) * blocks_ * layout_.planes;
     }
 
 private:
     ResidueLayout layout_;
     std::vector<BitsOfCharacter> bits_of_characters_; // eight planes after eight planes
     std::size_t blocks_;
-    std::vector<Plane> planes_;
+    std::unique_ptr<Plane[]> planes_;
 };
 
 } // namespace kq
