@@ -18,6 +18,7 @@
 #include "screen/system_memory.h"
 
 #include <cstdint>
+#include <new>
 #include <string_view>
 
 namespace kq {
@@ -119,16 +120,26 @@ void run_steps()
 
 // ---- what is known before it starts -----------------------------------------------------------------------
 
-// What the run will need: the matrices, and the kept characters twice, as they are and coded.
+// What the run will need at most: the matrices, the kept characters coded, and what does not depend on the
+// alignment (the blocks of a file that is written, threads, values remembered).
 std::uint64_t bytes_of_run()
 {
+    constexpr std::uint64_t fixed = 64 << 20;
+    // Bits of the planes: 4 and one for the uncoded; 42 where the weights of proteins have full rank.
+    const std::uint64_t bytes_of_character = type_seq == 0 ? 1 : 6;
     const auto species = static_cast<std::uint64_t>(nb_spec_auto);
-    return bytes_of_matrices(nb_spec_auto, type_seq) + 2 * species * static_cast<std::uint64_t>(nb_nuc_keep);
+    return fixed + bytes_of_matrices(nb_spec_auto, type_seq) +
+           bytes_of_character * species * static_cast<std::uint64_t>(nb_nuc_keep);
 }
 
 bool memory_suffices()
 {
     return bytes_of_run() <= available_memory() && alloue_memoire_dist() == 0;
+}
+
+void warn_of_memory()
+{
+    affich_avert("Insufficient available memory to compute distance matrix", memory_line);
 }
 
 } // namespace
@@ -140,12 +151,14 @@ void tout_auto()
     if (!scope.choose_positions()) return;
     name_distances(type_seq);
     nb_matrice = nb_sequence = 0;
-    if (!memory_suffices())
-        affich_avert("Insufficient available memory to compute distance matrix", memory_line);
-    else if (const auto problem = outputs_problem(planned_outputs(type_auto)); !problem.empty())
-        affich_avert(problem, warning_line);
-    else
+    if (!memory_suffices()) return warn_of_memory();
+    if (const auto problem = outputs_problem(planned_outputs(type_auto)); !problem.empty())
+        return affich_avert(problem, warning_line);
+    try {
         run_steps();
+    } catch (const std::bad_alloc&) { // another program has taken it in the meantime
+        warn_of_memory();
+    }
 }
 
 } // namespace kq
