@@ -13,19 +13,19 @@
 namespace kq {
 
 // The values last computed, by key: a table of fixed size in which a newer key takes the place of an older
-// one.
+// one. It takes no memory before it is asked.
 template <class Value>
 class RecentValues {
 public:
     explicit RecentValues(int bits)
-        : slots_(std::size_t{1} << bits)
-        , shift_(64 - bits)
+        : bits_(bits)
     {
     }
     // The slot of a key; `is_new` when its value is not that of the key (but of another, or none).
     Value& slot(std::uint64_t key, bool& is_new)
     {
-        auto& slot = slots_[key * 0x9E3779B97F4A7C15U >> shift_];
+        if (slots_.empty()) slots_.resize(std::size_t{1} << bits_);
+        auto& slot = slots_[key * 0x9E3779B97F4A7C15U >> (64 - bits_)];
         is_new = slot.key != key;
         slot.key = key;
         return slot.value;
@@ -36,8 +36,8 @@ private:
         std::uint64_t key = ~std::uint64_t{0};
         Value value{};
     };
+    int bits_;
     std::vector<Slot> slots_;
-    int shift_;
 };
 
 // The series for one alpha. Remembers what it has computed, so a thread keeps one for all its pairs and
