@@ -127,7 +127,7 @@ NewFile::~NewFile()
 
 void NewFile::fail(std::string_view what)
 {
-    if (error_.empty()) error_ = file_problem(what, temporary_, errno);
+    if (error_.empty()) error_ = file_problem(what, path_, errno);
 }
 
 void NewFile::write(std::string_view bytes)

@@ -43,7 +43,7 @@ public:
     void write(std::string_view bytes);
     bool finish(); // everything flushed to disk and closed; false after any failure
     bool commit(); // finish, then rename to the path
-    // What failed, with the system's reason; empty while all is well.
+    // What failed, with the path and the system's reason; empty while all is well.
     const std::string& error() const { return error_; }
     // Where the bytes are until commit().
     const std::string& temporary() const { return temporary_; }
