@@ -5,6 +5,7 @@
 #include "analysis/analysis_start.h"
 #include "analysis/arn_distances.h"
 #include "analysis/distance_matrix.h"
+#include "analysis/nj_tree.h"
 #include "analysis/output_names.h"
 #include "analysis/outputs.h"
 #include "analysis/parameter_box.h"
@@ -114,6 +115,8 @@ constexpr Step steps[] = {
 
 void run_steps()
 {
+    if (nb_spec_auto < species_of_least_tree)
+        affich_avert("A tree needs at least three species", warning_line);
     for (const Step& step : steps)
         if (step.level <= type_auto && !step.run()) return;
 }

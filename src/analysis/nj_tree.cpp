@@ -25,7 +25,7 @@ constinit int nbs = 0;
 
 namespace {
 
-constexpr int box_line = 8, box_left = 27, box_right = 53, warning_line = 5;
+constexpr int box_line = 8, box_left = 27, box_right = 53;
 
 nodenj*& root(int slot)
 {
@@ -133,10 +133,7 @@ bool sauve_int(const nodenj* node, const PutText& put)
 
 bool calcul_arbre()
 {
-    if (nb_spec_auto < 3) {
-        affich_avert("A tree needs at least three species", warning_line);
-        return true;
-    }
+    if (nb_spec_auto < species_of_least_tree) return true;
     affich_progress("COMPUTING THE NJ TREE", box_line, box_left, box_right, color::light_cyan);
     const auto tree = join_neighbors(dist, nb_spec_auto, [](std::int64_t) { return go_on(); });
     _clearscreen(1);

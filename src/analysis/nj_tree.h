@@ -9,6 +9,8 @@
 
 namespace kq {
 
+constexpr int species_of_least_tree = 3;
+
 // A node of the tree: a leaf, which has a name, or an inner node, which has two children.
 struct nodenj {
     double length = 0;          // of the branch above the node
@@ -34,7 +36,7 @@ bool sauve_int(const nodenj* node, const PutText& put);
 
 // Builds the tree of the distances in dist, which are destroyed, in a box "COMPUTING THE NJ TREE", and writes
 // it to nomfic, whose extension becomes .arb. True when it is there, and with fewer than three species, which
-// have no tree: this is said. False when ESCAPE stopped it or it could not be written, which has been shown.
+// have no tree. False when ESCAPE stopped it or it could not be written, which has been shown.
 bool calcul_arbre();
 
 } // namespace kq

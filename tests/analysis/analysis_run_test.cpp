@@ -122,6 +122,18 @@ TEST_F(AnalysisRun, WithoutAnySpeciesTheTreeWarns)
     EXPECT_EQ(names_of(take_files()), expected_files("ssu_small", 1));
 }
 
+TEST_F(AnalysisRun, TooFewSpeciesForTreesGiveTheOtherFiles)
+{
+    const std::string one_species = open_small + "Home Up Enter Enter Esc S-F7 " + level(3);
+    EXPECT_EQ(run(one_species), Ending::script_ended);
+    EXPECT_TRUE(shows("A tree needs at least three species"));
+    EXPECT_EQ(run(one_species + " Enter"), Ending::script_ended);
+    EXPECT_FALSE(shows("A tree needs")) << "it is said once";
+    Names names = expected_files("ssu_small", 3);
+    std::erase_if(names, [](const std::string& name) { return name.ends_with(".arb"); });
+    EXPECT_EQ(names_of(take_files()), names);
+}
+
 TEST_F(AnalysisRun, EscapeInTheBoxWritesNothing)
 {
     EXPECT_EQ(run(open_small + select_all + finish + "F7 BackSpace 3 Enter*2 Esc"), Ending::script_ended);
