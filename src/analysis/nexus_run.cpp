@@ -12,7 +12,6 @@
 #include "screen/process.h"
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace kq {
 
@@ -31,16 +30,10 @@ std::string nexus_problem()
     return outputs_problem(planned);
 }
 
-std::string paup_program()
-{
-    const char* const chosen = std::getenv("KQ_PAUP");
-    return chosen && *chosen ? chosen : "paup";
-}
-
 // Starts PAUP on the file; what the user is to know.
 std::string run_paup(const std::string& nexus_file)
 {
-    const std::string paup = paup_program();
+    const std::string paup = chosen_program("KQ_PAUP", "paup");
     if (!program_found(paup))
         return "The file " + nexus_file + " has been written. The program " + paup +
                " is not there; KQ_PAUP may name another one";
