@@ -3,8 +3,7 @@
 // The tree of Saitou and Nei (1987) in the form of Studier and Keppler (1988). Subtrees stand in slots, at
 // first the n species in the order of the matrix. While three or more are left, with rr(i) = the sum of
 // d(i, k) over all slots k in ascending order, in double:
-// - the pair i > j with the smallest Q(i, j) = d(i, j) - (rr(i) + rr(j)) / (slots - 2) is joined; among
-// equals
+// - the pair i > j with the smallest Q(i, j) = d(i, j) - (rr(i) + rr(j)) / (slots - 2) is joined; of equals
 //   the first with i, then j, ascending; where no Q is below no_q, slots 1 and 0;
 // - the branch of i has the length b = (d(i, j) + (rr(i) - rr(j)) / (slots - 2)) / 2, that of j d(i, j) - b;
 // - the joined subtree takes slot j and gets the distances (d(k, j) + d(k, i) - d(i, j)) / 2, in single

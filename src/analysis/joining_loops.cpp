@@ -150,7 +150,7 @@ void replace_terms(const SumArrays& sums, const float* left1, const float* left2
                    std::size_t count)
 {
     double *const sum = sums.sum, *const mass = sums.mass, *const grid = sums.grid, *const error = sums.error;
-#pragma GCC ivdep
+#pragma omp simd
     for (std::size_t k = 0; k < count; k++) {
         const double a = left1[k], b = left2[k], c = come[k], size = std::fabs(c);
         // An infinite or undefined term goes only where another comes, so that a sum that is not finite stays
@@ -161,7 +161,7 @@ void replace_terms(const SumArrays& sums, const float* left1, const float* left2
         mass[k] = mass[k] - std::fabs(a) - std::fabs(b) + size;
         const double off = (grid[k] + size) - grid[k] - size;
         const double on = off == 0 ? grid[k] : 0;
-        grid[k] = mass[k] <= 2 * on ? on : 0;
+        grid[k] = mass[k] < 2 * on ? on : 0; // at 2 * on the mass may have been rounded down
         error[k] = grid[k] > 0 ? 0 : rounded;
     }
 }

@@ -115,8 +115,8 @@ bool sauve_int(const nodenj* node, const PutText& put)
         const nodenj* node;
         bool at_left; // the right subtree is written
     };
-    std::vector<Begun>
-        begun; // the inner nodes above the one at hand; trees may be as deep as they have leaves
+    // The inner nodes above the one at hand: a tree may be as deep as it has leaves.
+    std::vector<Begun> begun;
     for (const nodenj* next = node;; next = begun.back().node->left) {
         for (; !next->name; next = next->right) {
             if (!put("(")) return false;

@@ -45,7 +45,7 @@ private:
 
     const JoinMatrix& matrix_;
     bool all_finite_ = true;
-    // By place: the sum; the mass; a power of two, at least half the mass, such that all terms are multiples
+    // By place: the sum; the mass; a power of two, more than half the mass, such that all terms are multiples
     // of the unit in its last place, or 0 when there is none; how far sum and mass may be from the exact
     // ones.
     std::vector<double> sum_, mass_, grid_, error_;

@@ -188,6 +188,17 @@ const Kind kinds[] = {
              return (from() % 2 == 0 ? large : small) * static_cast<float>(1 + from() % 4);
          });
      }},
+    {"a sum one unit beyond exact ones", // of eight species
+     [](Random&, int n) {
+         auto matrix = matrix_of(n, [](int, int j) { return j < 2 ? 0x3p50F : 0; });
+         const struct {
+             int i, j;
+             float distance;
+         } odd[] = {{1, 0, -0x3p48F}, {2, 1, 0x1p51F}, {3, 1, 0x3p53F}, {3, 2, 2}, {5, 1, -0x3p53F}};
+         for (const auto& cell : odd)
+             if (cell.i < n) matrix[static_cast<std::size_t>(cell.i * n + cell.j)] = cell.distance;
+         return matrix;
+     }},
     {"enormous",
      [](Random& r, int n) { return each(r, n, [](Random& from) { return uniform(from, -3e38F, 3e38F); }); }},
     {"infinite", [](Random& r, int n) { return with_odd(r, n, {infinite}); }},
