@@ -7,6 +7,8 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <limits>
+#include <numbers>
 
 namespace kq {
 
@@ -19,6 +21,7 @@ constexpr double negligible = 0x1p-57;
 constexpr double falling = 0.999;
 constexpr int between_looks = 8;
 constexpr int most_factors = 1023;
+constexpr double infinity = std::numeric_limits<double>::infinity();
 
 std::uint64_t key_of(int a, int b)
 {
@@ -68,21 +71,50 @@ double next_factor(double b, int m, int L, double alpha)
     return b * ((m - 1) * alpha + 1) / ((L - m + 1) * alpha);
 }
 
+// By what power of 2 b(m) grows at most between two m up to n. It grows by (m + 1 / alpha) / (L - m), whose
+// logarithm is at most that less 1, which is convex where it is positive.
+double growth_of_factors(int n, int L, double alpha)
+{
+    const double last =
+        2.0 * (n - 1) + 1 / alpha - L; // the numerator of that, which falls by 2 for smaller m
+    return last <= 0 ? 0 : (last / 2 + 1) * last / (L - n + 1) / 2 * std::numbers::log2e;
+}
+
+// c(m) and the products in it are less than 2 to this power.
+double size_of_products(int s, int v)
+{
+    return s * std::log2(3.0) + v + std::log2(s + 1);
+}
+
 // ---- c(m), a block of successive m at a time
 
 constexpr int block_terms = 32;
 using Vector [[gnu::vector_size(32)]] = double;
 constexpr int vector_doubles = 4, block_vectors = block_terms / vector_doubles;
 
-// What e(m, r) is before its factors of z, for r = 0 .. s.
+// e(r, r), which has no factors of z.
+double start(int s, int r)
+{
+    double e = r == 0 ? 1.0 : static_cast<double>(s) / r;
+    for (int w = 1; w < r; w++)
+        e *= 2.0 * (s - w) / w;
+    return e;
+}
+
+// e(r + d, r)
+double product(int s, int v, int r, int d)
+{
+    double e = start(s, r);
+    for (int z = 0; z < d; z++)
+        e *= static_cast<double>(v - z) / (d - z);
+    return e;
+}
+
+// For r = 0 .. wanted, as far as there are any.
 void add_starts(int s, int wanted, std::vector<double>& starts)
 {
-    for (int r = static_cast<int>(starts.size()); r <= std::min(s, wanted); r++) {
-        double e = r == 0 ? 1.0 : static_cast<double>(s) / r;
-        for (int w = 1; w < r; w++)
-            e *= 2.0 * (s - w) / w;
-        starts.push_back(e);
-    }
+    for (int r = static_cast<int>(starts.size()); r <= std::min(s, wanted); r++)
+        starts.push_back(start(s, r));
 }
 
 KQ_VECTOR_CLONES
@@ -133,9 +165,9 @@ GammaSeries::GammaSeries(double alpha)
     : alpha_(alpha)
     , jukes_cantor_(16)
     , protein_(16)
-    , first_sums_(14)
+    , first_sums_(16)
     , factors_(10)
-    , starts_(8)
+    , starts_(10)
     , coefficients_(16)
 {
 }
@@ -144,7 +176,7 @@ float GammaSeries::jukes_cantor(int k, int L)
 {
     if (L == 0) return 0;
     bool is_new = false;
-    float& sum = jukes_cantor_.slot(key_of(k, L), is_new);
+    float& sum = jukes_cantor_.at(key_of(k, L), is_new);
     if (is_new) sum = static_cast<float>(differences_sum(k, L, alpha_, 0.75 * alpha_));
     return sum;
 }
@@ -153,7 +185,7 @@ float GammaSeries::protein(int k, int L)
 {
     if (L == 0) return 0;
     bool is_new = false;
-    float& distance = protein_.slot(key_of(k, L), is_new);
+    float& distance = protein_.at(key_of(k, L), is_new);
     if (is_new) distance = static_cast<float>(alpha_ * differences_sum(k, L, alpha_, alpha_));
     return distance;
 }
@@ -162,32 +194,28 @@ float GammaSeries::kimura(int s, int v, int L)
 {
     if (L == 0) return 0;
     bool is_new = false;
-    double& A = first_sums_.slot(key_of(v, L), is_new);
+    double& A = first_sums_.at(key_of(v, L), is_new);
     if (is_new) A = transversions_sum(v, L, alpha_);
     const double B = second_sum(s, v, L);
     return static_cast<float>(alpha_ * ((A + 1) / 2 + (B + 1) - 1.5) / 2);
 }
 
-const GammaSeries::Factors& GammaSeries::factors(int L)
+const std::vector<double>& GammaSeries::factors(int L)
 {
     bool is_new = false;
-    Factors& factors = factors_.slot(key_of(0, L), is_new);
-    if (!is_new) return factors;
-    factors.b.assign(1, 1.0);
+    auto& b = factors_.at(key_of(0, L), is_new);
+    if (!is_new) return b;
+    b.assign(1, 1.0);
     for (int m = 1; m <= std::min(L, most_factors); m++)
-        factors.b.push_back(next_factor(factors.b.back(), m, L, alpha_));
-    const auto small = [](double b) { return b < 0x1p-1000; };
-    const auto first_small = std::ranges::find_if(factors.b, small);
-    factors.reliable =
-        static_cast<int>(std::find_if_not(first_small, factors.b.end(), small) - factors.b.begin());
-    return factors;
+        b.push_back(next_factor(b.back(), m, L, alpha_));
+    return b;
 }
 
 double GammaSeries::coefficient(std::vector<double>& c, int s, int v, int m)
 {
     if (m >= std::ssize(c)) {
         bool is_new = false;
-        auto& starts = starts_.slot(key_of(0, s), is_new);
+        auto& starts = starts_.at(key_of(0, s), is_new);
         if (is_new) starts.clear();
         add_starts(s, m + block_terms, starts);
         add_block(s, v, starts, c);
@@ -199,10 +227,17 @@ double GammaSeries::second_sum(int s, int v, int L)
 {
     const int n = s + v;
     bool is_new = false;
-    auto& c = coefficients_.slot(key_of(s, v), is_new);
+    auto& c = coefficients_.at(key_of(s, v), is_new);
     if (is_new) c.clear();
-    if (n <= std::min(L, most_factors) && s * std::log2(3.0) + v + std::log2(s + 1) < 900)
-        if (const Factors& f = factors(L); n < f.reliable) return shortened_sum(f.b, c, s, v, L);
+    if (n <= std::min(L, most_factors)) {
+        const auto& b = factors(L);
+        const double size = size_of_products(s, v);
+        if (size + growth_of_factors(n, L, alpha_) < 980) return shortened_sum(b, c, s, v, L);
+        // One of the greatest products decides: nothing times infinity.
+        const int r = 2 * s / 3, d = v / 2;
+        const double vanished = b[static_cast<std::size_t>(r + d)];
+        if (size > 1024 && vanished == 0 && std::isinf(product(s, v, r, d))) return vanished * infinity;
+    }
 
     double b = 1, sum = 0;
     const int last = n > L ? std::min(n, L + 2) : n;
@@ -213,10 +248,14 @@ double GammaSeries::second_sum(int s, int v, int L)
     return sum;
 }
 
-// No c(m), nor what it is made of, exceeds g = 2^900 here; c(m) is at least half of the coefficient g(m) of
-// x^m in (1 + 2x)^s * (1 + x)^v, and at most all of it. That polynomial has real roots, so the ratio of
-// (m + 1) * g(m + 1) to (n - m) * g(m) never grows from (2s + v) / n (Newton's inequalities). The terms left
-// are therefore below a falling series, or below g * 2^-1000, which is nothing beside the first term.
+// The rest of the sum is left out where it cannot change it.
+//
+// c(m) is at least half of the coefficient g(m) of x^m in (1 + 2x)^s * (1 + x)^v, and at most all of it. That
+// polynomial has real roots, so the ratio of (m + 1) * g(m + 1) to (n - m) * g(m) never grows from (2s + v) /
+// n (Newton's inequalities): once the terms fall, they stay below a falling geometric series. What their
+// rounding adds to that is next to nothing while b(m) is a normal number. When it no longer is, b(m), which
+// never grows here, has an error of less than n units of 2^-1074, and c(m) is below 2^980: beside the first
+// term, which is at least n / (L * alpha), that is nothing either.
 double GammaSeries::shortened_sum(const std::vector<double>& b, std::vector<double>& c, int s, int v, int L)
 {
     const int n = s + v;

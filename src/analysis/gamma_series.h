@@ -12,46 +12,52 @@
 
 namespace kq {
 
-// The values last computed, by key: a table of fixed size in which a newer key takes the place of an older
-// one. It takes no memory before it is asked.
+// The values last computed, by key: a table of fixed size in which newer keys take the places of older ones.
 template <class Value>
 class RecentValues {
 public:
+    // 2^bits values; takes no memory before it is used.
     explicit RecentValues(int bits)
-        : bits_(bits)
+        : shift_(64 - bits)
     {
     }
-    // The slot of a key; `is_new` when its value is not that of the key (but of another, or none).
-    Value& slot(std::uint64_t key, bool& is_new)
+    // The value of a key; `is_new` when it is that of another key, or none.
+    Value& at(std::uint64_t key, bool& is_new)
     {
-        if (slots_.empty()) slots_.resize(std::size_t{1} << bits_);
-        auto& slot = slots_[key * 0x9E3779B97F4A7C15U >> (64 - bits_)];
-        is_new = slot.key != key;
+        if (slots_.empty()) slots_.resize(std::size_t{1} << (64 - shift_));
+        Slot* const places = &slots_[key * 0x9E3779B97F4A7C15U >> shift_ & ~(places_of_key - 1)];
+        for (std::size_t k = 0; k < places_of_key; k++)
+            if (places[k].key == key) return is_new = false, places[k].value;
+        Slot& slot = places[next_++ % places_of_key];
         slot.key = key;
+        is_new = true;
         return slot.value;
     }
 
 private:
+    static constexpr std::size_t places_of_key = 4;
     struct Slot {
         std::uint64_t key = ~std::uint64_t{0};
         Value value{};
     };
-    int bits_;
     std::vector<Slot> slots_;
+    std::size_t next_ = 0;
+    int shift_;
 };
 
 // The series for one alpha. Remembers what it has computed, so a thread keeps one for all its pairs and
-// shares it with no other; it takes a few megabytes, for kimura up to some 50.
+// shares it with no other; its tables take a few megabytes, those of kimura
+// up to some 50.
 //
 // L is the number of positions without a deletion; with none the distance is 0. Counts up to L are the rule.
 // A greater k makes a denominator zero and later ones negative: the terms, and so the distance, are infinite
 // for k = L + 1 and undefined (NaN) above it. Great counts can go beyond what a double holds: what infinity
 // and 0 then give (infinity or NaN) is the distance, too.
 //
-// What a value costs: about 10 ns where it is remembered, else up to 15 ns a term and, while the share of
-// differences is below a half, about 60 terms; k terms at most. kimura: about 0.1 microseconds once the
-// tables are filled; where the products outgrow a double (from about 600 differences on) tables of all s + v
-// terms take milliseconds a pair of counts.
+// What a value costs: some 10 ns where it is remembered, else some 5 ns for each of about 60 terms, and
+// kimura some 10 microseconds where an s and v are new. The more positions differ the more terms there are, k
+// or s + v at most; kimura takes milliseconds for an s and v where the products come near to what a double
+// holds, which begins at 400 transitions and 350 transversions, say.
 class GammaSeries {
 public:
     explicit GammaSeries(double alpha);
@@ -73,19 +79,14 @@ public:
     float kimura(int s, int v, int L);
 
 private:
-    // b(0), b(1), ... of an L; those before `reliable` have the precision of a double or are below 2^-1000.
-    struct Factors {
-        std::vector<double> b;
-        int reliable = 0;
-    };
     double alpha_;
     RecentValues<float> jukes_cantor_, protein_;     // by k and L
     RecentValues<double> first_sums_;                // A, by v and L
-    RecentValues<Factors> factors_;                  // by L
-    RecentValues<std::vector<double>> starts_;       // e(m, r) for m = r, by s
+    RecentValues<std::vector<double>> factors_;      // b(0), b(1), ... by L
+    RecentValues<std::vector<double>> starts_;       // e(r, r) for r = 0, 1, ... by s, as many as were needed
     RecentValues<std::vector<double>> coefficients_; // c(0), c(1), ... by s and v, as many as were needed
 
-    const Factors& factors(int L);
+    const std::vector<double>& factors(int L);
     // c(m) of s and v, where those before m are in `c`.
     double coefficient(std::vector<double>& c, int s, int v, int m);
     double second_sum(int s, int v, int L);
