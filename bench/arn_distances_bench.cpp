@@ -1,19 +1,12 @@
 // The distances between nucleic acids beside one look-up for each pair of characters and one formula for each
-// pair of sequences. Plain times come from the pairs of some of the species.
+// pair of sequences.
 #include "analysis/arn_distances.h"
 #include "analysis/pair_counts.h"
 #include "analysis/parameters.h"
+#include "bench/distances_timing.h"
 #include "bench/evolved_sequences.h"
-#include "bench/timing.h"
-#include "core/store.h"
-#include "raster/grx.h"
-#include "screen/window.h"
 #include "support/plain_distances.h"
 
-#include <omp.h>
-
-#include <cstdio>
-#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -22,29 +15,7 @@ using namespace kq::bench;
 
 namespace {
 
-constexpr int runs = 5;
-float sink; // of results that nobody reads
-
-double pairs_of(int species)
-{
-    return 0.5 * species * (species - 1);
-}
-
 // ---- plain ------------------------------------------------------------------------------------------------
-
-std::string_view text_of(int species)
-{
-    const auto text = row(species);
-    return {text.data(), text.size()};
-}
-
-template <class Work>
-void for_plain_pairs(int species, Work work)
-{
-    for (int i = 0; i < species; i++)
-        for (int j = 0; j < i; j++)
-            sink += static_cast<float>(work(text_of(i), text_of(j)));
-}
 
 // What a pair of characters is, by both of them: 0 not compared, 1 identical, 2 .. 5 the kinds of
 // differences.
@@ -118,21 +89,9 @@ void counts_and_kimura()
 
 // ---- the tables -------------------------------------------------------------------------------------------
 
-// Plain takes the pairs of the first species only.
-void beside_plain(const char* name, int plain_species, void (*plain)(int), void (*ours)())
-{
-    const auto times = times_in_turn(
-        plain_species < 100 ? 1 : runs, [=] { plain(plain_species); }, ours);
-    const double plain_pair = 1e9 * median(times.plain) / pairs_of(plain_species);
-    const double our_pair = 1e9 * median(times.ours) / pairs_of(nb_spec);
-    std::printf("| %s | %.0f ns | %.1f ns | %.0f | %.2f s |\n", name, plain_pair, our_pair,
-                plain_pair / our_pair, median(times.ours));
-    std::fflush(stdout);
-}
-
 void tables_beside_plain()
 {
-    std::puts("| | plain, a pair | a pair | ratio | all pairs |\n| --- | --- | --- | --- | --- |");
+    head_beside_plain();
     beside_plain("counts, looked up", 300, look_up_counts, counts);
     beside_plain("counts, case by case", 300, plain_counts, counts);
     beside_plain("counts and type 8, looked up", 300, look_up_kimura, counts_and_kimura);
@@ -183,38 +142,19 @@ void beside_counts(std::integer_sequence<int, types...>)
     }
 }
 
-void on_two_threads(const char* name, void (*work)())
-{
-    const auto on = [=](int threads) {
-        return [=] {
-            omp_set_num_threads(threads);
-            work();
-        };
-    };
-    const auto times = times_in_turn(runs, on(1), on(2));
-    omp_set_num_threads(1);
-    std::printf("| %s | %.2f s | %.2f s | %.2f |\n", name, median(times.plain), median(times.ours),
-                median(times.plain) / median(times.ours));
-    std::fflush(stdout);
-}
-
 } // namespace
 
 int main()
 {
-    setenv("GRX20DRV", "memory", 1);
-    GrMemoryScript("");
-    open_window("bench");
-    omp_set_num_threads(1);
+    open_bench();
     const Evolution evolution;
     analyse(evolved_sequences(evolution), evolution.alphabet);
     counts(); // the matrices' memory is there from now on
 
-    std::printf("%d x %d, one thread\n\n", nb_spec, nb_nuc_tot);
     tables_beside_plain();
     table_of_instructions();
     beside_counts(std::make_integer_sequence<int, arn_distances>());
-    std::puts("\n| | one thread | two threads | ratio |\n| --- | --- | --- | --- |");
+    head_on_two_threads();
     on_two_threads("counts", counts);
     on_two_threads("type 8", distances<8>);
     on_two_threads("type 12", distances<12>);
