@@ -130,13 +130,14 @@ void measure(int n, const Values& values, int runs)
 int main()
 {
     if (!store_allocate()) return 1;
-    std::filesystem::create_directories(folder());
-    std::filesystem::current_path(folder());
+    const std::string directory = folder() + "matrix";
+    std::filesystem::create_directories(directory);
+    std::filesystem::current_path(directory);
     std::puts("| species, values | | fprintf | ours | ratio |");
     std::puts("| --- | --- | --- | --- | --- |");
     constexpr Values distances = {"up to 2", 2}, percentages = {"up to 100", 100};
     measure(5000, distances, 5);
     measure(5000, percentages, 5);
     measure(20000, distances, 2);
-    std::filesystem::remove_all(folder());
+    std::filesystem::remove_all(directory);
 }
