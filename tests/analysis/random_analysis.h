@@ -42,8 +42,8 @@ public:
         make_ensembles(made);
         for (auto& row : made.identity)
             for (double& weight : row)
-                weight = below(4) ? 1 : below(1000) / 500.0;
-        made.level = 1 + below(3);
+                weight = below(4) ? 1 : below(1000) / 1000.0;
+        made.level = pick({1, 2, 3, 3, 3});
         made.percent = pick({0, 5, 100, below(101)});
         made.shape = pick({0.5, 0.03, 1.0, 7.25, 1000.0});
         return made;
@@ -82,7 +82,7 @@ private:
         std::string ancestor;
         for (int p = 0; p < made.columns; p++)
             ancestor += letter(residues);
-        for (int i = pick({1, 2, 3, 4 + below(12)}); i > 0; i--) {
+        for (int i = pick({below(4), 4 + below(12), 4 + below(12), 4 + below(12)}); i >= 0; i--) {
             std::string row = ancestor;
             for (char& c : row) {
                 if (below(100) < distance) c = letter(residues);
