@@ -3,6 +3,7 @@
 
 #include "screen/files.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -21,6 +22,30 @@ using namespace std::chrono_literals;
 constexpr std::size_t block_size = 1 << 20;
 constexpr std::size_t max_waiting = 8; // blocks that the disk may lag behind
 constexpr auto interval = 20ms;        // between two questions, and the patience with a thread that is to end
+
+// Keeps the file of a name that is about to be replaced, and lets go of it on a thread of its own: to free a
+// file of gigabytes takes the system half a second.
+class ReplacedFile {
+public:
+    explicit ReplacedFile(const std::string& path)
+        : file_(open(path.c_str(), O_PATH | O_CLOEXEC))
+    {
+    }
+    ~ReplacedFile()
+    {
+        if (file_ < 0) return;
+        try {
+            std::thread(close, file_).detach();
+        } catch (const std::system_error&) {
+            close(file_);
+        }
+    }
+    ReplacedFile(const ReplacedFile&) = delete;
+    ReplacedFile& operator=(const ReplacedFile&) = delete;
+
+private:
+    int file_; // negative = there is none
+};
 
 } // namespace
 
@@ -65,7 +90,8 @@ void BackgroundFile::Work::run()
 }
 
 BackgroundFile::BackgroundFile(const std::string& path, GoOn go_on)
-    : go_on_(std::move(go_on))
+    : path_(path)
+    , go_on_(std::move(go_on))
     , work_(std::make_shared<Work>(path))
     , no_leftover_([temporary = work_->file.temporary()] { unlink(temporary.c_str()); })
 {
@@ -150,6 +176,7 @@ bool BackgroundFile::commit()
     }
     lock.unlock();
     thread_.join();
+    const ReplacedFile replaced(path_);
     const bool in_place = work_->file.commit();
     error_ = work_->file.error();
     work_.reset();

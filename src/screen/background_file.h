@@ -33,6 +33,7 @@ public:
 private:
     struct Work;
 
+    const std::string path_;
     GoOn go_on_;
     std::shared_ptr<Work> work_; // the thread's too, which may outlive a file that was stopped
     Cleanup no_leftover_;        // where the program ends in the middle
