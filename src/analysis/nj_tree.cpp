@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kq {
@@ -66,13 +67,20 @@ bool put_tree(const PutText& put)
     return put(");");
 }
 
-void free_tree()
-{
-    for (int slot = 0; slot < 3; slot++)
-        free_subtree(root(slot));
-    feuille.fill(nullptr);
-    nbs = 0;
-}
+// The tree in feuille, which goes however its writing ends.
+class TreeInUse {
+public:
+    explicit TreeInUse(const Joins& tree) { build_tree(tree); }
+    ~TreeInUse()
+    {
+        for (int slot = 0; slot < 3; slot++)
+            free_subtree(root(slot));
+        feuille.fill(nullptr);
+        nbs = 0;
+    }
+    TreeInUse(const TreeInUse&) = delete;
+    TreeInUse& operator=(const TreeInUse&) = delete;
+};
 
 } // namespace
 
@@ -83,15 +91,18 @@ nodenj* cr_nodenj()
     return node;
 }
 
+// Takes no memory, which may be what has run out: left children are turned up until there is none.
 void free_subtree(nodenj* node)
 {
-    std::vector<nodenj*> left{node};
-    while (!left.empty()) {
-        nodenj* const next = left.back();
-        left.pop_back();
-        for (nodenj* const child : {next->left, next->right})
-            if (child) left.push_back(child);
-        delete next;
+    while (node) {
+        nodenj* const left = node->left;
+        if (left) {
+            node->left = left->right;
+            left->right = node;
+            node = left;
+        } else {
+            delete std::exchange(node, node->right);
+        }
     }
 }
 
@@ -139,11 +150,10 @@ bool calcul_arbre()
     _clearscreen(1);
     if (!tree) return false;
 
-    build_tree(*tree);
+    const TreeInUse in_use(*tree);
     nomfic = with_extension(nomfic, ".arb");
     OutputFile file;
     put_tree(file.put()); // where it stops early, commit() says why
-    free_tree();
     return file.commit();
 }
 
