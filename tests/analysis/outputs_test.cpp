@@ -1,4 +1,4 @@
-// Every file that an analysis writes, on small alignments with all that an alignment may hold.
+// What the files of an analysis do beyond their texts: names, refusals, what is known before.
 #include "analysis/analysed.h"
 #include "analysis/distance_matrix.h"
 #include "analysis/output_file.h"
@@ -65,29 +65,14 @@ protected:
                 dist[cell(i, j, nb_spec_auto)] = static_cast<float>(i * i) * 7.F / static_cast<float>(j + 1);
         creer_ident_phylip();
     }
-    void load_nucleic()
+    void load_four()
     {
-        std::string bases = "ACGU*-?$TNRYWSKMBDHVXacgun ";
-        Strings rows(4);
-        for (int p = 0; p < 80; p++)
-            for (std::size_t s = 0; s < rows.size(); s++)
-                rows[s] += bases[(static_cast<std::size_t>(p) * (s + 1) + s) % bases.size()];
-        load(rows);
+        load(Strings(4, std::string(80, 'A')));
         set_identifier(0, "Escherichia coli K12@AB 1");
         set_identifier(1, "Escherichia o'nyong");
         set_identifier(2, "Uncultured");
         set_identifier(3, "E  x");
-        replace_text(2, rows[2].substr(0, 31)); // the other columns are blank
         analyse({3, 0, 1, 2, 0}, 60);
-    }
-    void load_protein()
-    {
-        load({"ACDEFGHIKLMNPQRSTVWY*-$ X?BZacdefghiklmnpqrstvwyACDEFGHIKLMNPQRSTV",
-              "MKLV*-$ X?BZacdefghiklmnpqrstvwyACDEFGHIKLMNPQRSTVWYACDEFGHIKLMNPQ"},
-             {}, test::protein);
-        set_identifier(1, "Genus_a species@1");
-        opt_identificateur = 1;
-        analyse({0, 1}, 50);
     }
     // Plays the keys of `script` while it is written; what it returned.
     template <class Write>
@@ -97,58 +82,8 @@ protected:
         EXPECT_EQ(play(script, [&] { result = make(); }).ending, Ending::returned);
         return result;
     }
-    // The file that nomfic names, below its name.
-    std::string file_text() const
-    {
-        return "==== " + nomfic + "\n" + read_file("work/" + nomfic) + "<end>\n";
-    }
-
-    template <class Write>
-    void append(std::string& all, const char* extension, Write write)
-    {
-        nomfic = with_extension(nomfic, extension);
-        EXPECT_TRUE(written(write)) << nomfic;
-        all += file_text();
-    }
-    // Every writer once.
-    std::string all_files()
-    {
-        std::string all;
-        type_dist = type_seq == 0 ? 12 : 7;
-        nb_matrice = 100;
-        EXPECT_TRUE(written([] { return write_file_NB('m'); }));
-        all += file_text();
-        append(all, ".njb", write_njb);
-        append(all, ".mat", write_matrix);
-        EXPECT_TRUE(written([] { return write_file_NB('s'); }));
-        all += file_text();
-        append(all, ".mac", write_paup_3_0);
-        append(all, ".pml", [] { return write_phylip(phylip_with_identifier); });
-        append(all, ".puz", [] { return write_phylip(phylip_joined); });
-        append(all, ".phy", [] { return write_phylip(phylip_plain); });
-        append(all, ".nex", write_nexus_file);
-        append(all, ".pir", write_pir);
-        append(all, ".msf", write_msf);
-        append(all, ".fas", write_afas);
-        return all;
-    }
 };
 
-TEST_F(Outputs, FilesOfNucleicAcids)
-{
-    load_nucleic();
-    const std::string all = all_files();
-    EXPECT_EQ(test::golden_text("analysis_nucleic", all), all);
-}
-
-TEST_F(Outputs, FilesOfProteins)
-{
-    load_protein();
-    const std::string all = all_files();
-    EXPECT_EQ(test::golden_text("analysis_protein", all), all);
-}
-
-// The rule as it is told: from the last species to the second, the equal names before it are counted.
 TEST_F(Outputs, PhylipNames)
 {
     Strings names = {"",           "Homo",       "Homo",        "Homo     x",
@@ -181,7 +116,7 @@ TEST_F(Outputs, PhylipNames)
 
 TEST_F(Outputs, NamesThatNexusWouldMisread)
 {
-    load_nucleic();
+    load_four();
     file_ALI = "it's $HOME.ali";
     ASSERT_TRUE(written([] { return write_file_NB('s'); }));
     nomfic = with_extension(nomfic, ".nex");
@@ -192,7 +127,7 @@ TEST_F(Outputs, NamesThatNexusWouldMisread)
 
 TEST_F(Outputs, RefusedOrStoppedLeavesEverythingAsItWas)
 {
-    load_nucleic();
+    load_four();
     fs::create_directory(path("work/test_0.nbs"));
     write_file("work/test_1.nbs", "an older file");
     EXPECT_FALSE(written([] { return write_file_NB('s'); }, "Z"));
@@ -216,7 +151,7 @@ TEST_F(Outputs, RefusedOrStoppedLeavesEverythingAsItWas)
 
 TEST_F(Outputs, WhatARunWillWriteIsKnownBefore)
 {
-    load_nucleic();
+    load_four();
     const auto names = [](int level) {
         std::string all;
         for (const auto& output : planned_outputs(level))
@@ -238,16 +173,6 @@ TEST_F(Outputs, WhatARunWillWriteIsKnownBefore)
     EXPECT_NE(
         outputs_problem(std::vector{PlannedOutput{"huge", std::uint64_t{1} << 60}}).find("not enough room"),
         std::string::npos);
-
-    // At least what is written.
-    fs::remove(path("work/test-1.arb"));
-    all_files();
-    for (const auto& output : outputs) {
-        const bool matrix = output.name.find('-') != std::string::npos;
-        const fs::path made = path(with_extension(matrix ? "work/test100" : "work/test_0",
-                                                  fs::path(output.name).extension().native()));
-        EXPECT_GE(output.bytes, fs::exists(made) ? fs::file_size(made) : 1) << output.name;
-    }
 }
 
 TEST_F(Outputs, ADistanceInTheBuffer)
