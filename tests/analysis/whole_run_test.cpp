@@ -80,7 +80,7 @@ protected:
 
 TEST_F(WholeRun, WritesTheFilesOfThePlainVersion)
 {
-    for (unsigned seed = 1; seed <= 60 && !HasFatalFailure(); seed++) {
+    for (unsigned seed = 1; seed <= 40 && !HasFatalFailure(); seed++) {
         SCOPED_TRACE(text_format("seed %u", seed));
         omp_set_num_threads(1 + static_cast<int>(seed % 2));
         const plain::Analysis analysis = test::RandomAnalysis(seed).make();
