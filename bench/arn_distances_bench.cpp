@@ -120,9 +120,8 @@ void table_of_instructions()
             runs * 10, [&] { count_all(std::vector<PairCounts>(species)); },
             [&] { count_all(std::vector<CompositionCounts>(species)); });
         const double pair = 1e9 * median(times.plain) / pairs_of(species);
-        constexpr const char* names[] = {"baseline", "AVX2", "AVX-512"};
         std::printf("| %s | %.1f ns | %.1f thousand million | %.1f ns |\n",
-                    names[static_cast<int>(instructions)], pair, nb_nuc_tot / pair,
+                    names_of_instructions[static_cast<int>(instructions)], pair, nb_nuc_tot / pair,
                     1e9 * median(times.ours) / pairs_of(species));
         std::fflush(stdout);
     }

@@ -18,6 +18,9 @@ namespace kq::bench {
 inline constexpr int runs = 5;
 inline float sink; // of results that nobody reads
 
+// By Instructions.
+inline constexpr const char* names_of_instructions[] = {"baseline", "AVX2", "AVX-512"};
+
 inline double pairs_of(int species)
 {
     return 0.5 * species * (species - 1);

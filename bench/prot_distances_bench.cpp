@@ -1,6 +1,7 @@
 // The distances between proteins beside one look-up for each pair of characters and one formula for each pair
 // of sequences.
 #include "analysis/parameters.h"
+#include "analysis/prot_counts.h"
 #include "analysis/prot_distances.h"
 #include "analysis/weight_matrix.h"
 #include "bench/distances_timing.h"
@@ -76,7 +77,7 @@ void beside_look_up(int type)
         for_plain_pairs(species,
                         [&](auto a, auto b) { return plain::prot_distance(look_up(a, b), type, alpha); });
     };
-    beside_plain((name_of(type) + ", looked up").c_str(), 300, plain, [=] { distances(type); });
+    beside_plain((name_of(type) + ", looked up").c_str(), 200, plain, [=] { distances(type); });
 }
 
 void beside_cases(int type)
@@ -86,8 +87,34 @@ void beside_cases(int type)
         for_plain_pairs(species,
                         [&](auto a, auto b) { return plain::prot_distance(a, b, type, alpha, weights); });
     };
-    const int species = type == 6 ? 50 : 300; // a series is slow
+    const int species = type == 6 ? 50 : 200; // a series is slow
     beside_plain((name_of(type) + ", case by case").c_str(), species, plain, [=] { distances(type); });
+}
+
+// The counting alone, without the matrix.
+void table_of_instructions()
+{
+    constexpr int species = 500, types[] = {0, 2, 3};
+    std::puts("\n| instructions | type 0, a pair | type 2 | type 3 |\n| --- | --- | --- | --- |");
+    for (const auto instructions : usable_instructions()) {
+        std::printf("| %s ", names_of_instructions[static_cast<int>(instructions)]);
+        for (const int type : types) {
+            ComparedProteins proteins(species, nb_nuc_tot, weights_of(type), car_inconnu);
+            for (int i = 0; i < species; i++)
+                proteins.set(i, row(i));
+            std::vector<ProtCounts> counts(species);
+            const auto count_all = [&] {
+                for (int i = 1; i < species; i++)
+                    proteins.count(i, 0, std::span(counts).first(static_cast<std::size_t>(i)), instructions);
+                sink += counts[0].weights;
+            };
+            std::vector<double> times;
+            for (int run = 0; run < runs * 10; run++)
+                times.push_back(seconds(count_all));
+            std::printf("| %.1f ns ", 1e9 * median(times) / pairs_of(species));
+        }
+        std::puts("|");
+    }
 }
 
 // Weights that have to be added up in their order.
@@ -114,11 +141,13 @@ int main()
         if (type != 6) beside_look_up(type);
     beside_cases(0);
     beside_cases(6);
+    table_of_instructions();
     head_on_two_threads();
     on_two_threads("type 0", [] { distances(0); });
     on_two_threads("type 7", [] { distances(7); });
 
     std::puts("\nWeights with decimals:");
+    analyse(evolved_sequences({.alphabet = Alphabet::protein, .species = 1500}), Alphabet::protein);
     std::filesystem::create_directories(folder());
     dir_ZOLTEXE = folder();
     write_fractions(folder() + weight_matrix_name(0));

@@ -68,7 +68,7 @@ double transversions_sum(int v, int L, double alpha)
 // b(m) from b(m - 1).
 double next_factor(double b, int m, int L, double alpha)
 {
-    return b * ((m - 1) * alpha + 1) / ((L - m + 1) * alpha);
+    return b * (((m - 1) * alpha + 1) / ((L - m + 1) * alpha));
 }
 
 // By what power of 2 b(m) grows at most between two m up to n. It grows by (m + 1 / alpha) / (L - m), whose
@@ -253,9 +253,9 @@ double GammaSeries::second_sum(int s, int v, int L)
 // c(m) is at least half of the coefficient g(m) of x^m in (1 + 2x)^s * (1 + x)^v, and at most all of it. That
 // polynomial has real roots, so the ratio of (m + 1) * g(m + 1) to (n - m) * g(m) never grows from (2s + v) /
 // n (Newton's inequalities): once the terms fall, they stay below a falling geometric series. What their
-// rounding adds to that is next to nothing while b(m) is a normal number. When it no longer is, b(m), which
-// never grows here, has an error of less than n units of 2^-1074, and c(m) is below 2^980: beside the first
-// term, which is at least n / (L * alpha), that is nothing either.
+// rounding adds to that is next to nothing while b(m) is a normal number. When it no longer is, each step to
+// the next b(m) adds an error of 2^-1074 at most, which grows as b(m) does: n * 2^(980 - 1074) in all after
+// it has been multiplied by c(m), and that is nothing beside the first term, n / (L * alpha).
 double GammaSeries::shortened_sum(const std::vector<double>& b, std::vector<double>& c, int s, int v, int L)
 {
     const int n = s + v;

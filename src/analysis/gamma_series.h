@@ -2,8 +2,8 @@
 //
 // Each series is a sum of products that are longer from term to term. A product is carried on from the term
 // before instead of being started again: the same operations in the same order, so the same bits. A sum ends
-// early only where the terms left provably no longer change it. All is computed in double precision, as the
-// formulas below are written, from left to right, and rounded to the stored float at the end.
+// early only where the terms left provably no longer change it. All is computed in double precision, each
+// factor by itself and from left to right as it is written below, and rounded to the stored float at the end.
 #pragma once
 
 #include <cstddef>
