@@ -2,6 +2,7 @@
 #include "analysis/twin_rows.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace kq {
@@ -9,7 +10,7 @@ namespace kq {
 namespace {
 
 // With how many sets of the same row sum a row is compared. A twin that is not found costs time only.
-constexpr std::ptrdiff_t most_compared = 16;
+constexpr std::size_t most_compared = 16;
 
 } // namespace
 
@@ -36,16 +37,16 @@ bool TwinRows::find(WorkMeter& meter)
 
     std::vector<std::size_t> firsts; // of the row sum at hand
     for (std::size_t r = 0; r < rows.size(); r++) {
-        const auto [sum, place] = rows[r];
-        if (r > 0 && sum != rows[r - 1].first) firsts.clear();
-        const auto end = firsts.begin() + std::min(std::ssize(firsts), most_compared);
+        const std::size_t place = rows[r].second;
+        if (r > 0 && rows[r].first != rows[r - 1].first) firsts.clear();
+        const auto compared = std::span(firsts).first(std::min(firsts.size(), most_compared));
         const auto twin =
-            std::find_if(firsts.begin(), end, [&](std::size_t first) { return are_twins(first, place); });
-        if (twin == end)
-            firsts.push_back(place);
-        else
+            std::ranges::find_if(compared, [&](std::size_t first) { return are_twins(first, place); });
+        if (!meter.spend(compared.size() * matrix_.slots())) return false;
+        if (twin != compared.end())
             merge(*twin, place);
-        if (!meter.spend(static_cast<std::size_t>(end - firsts.begin()) * matrix_.slots())) return false;
+        else
+            firsts.push_back(place);
     }
     return true;
 }
