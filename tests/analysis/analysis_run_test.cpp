@@ -1,4 +1,5 @@
 // The automatic analysis, from the editor and from the tree, and what ends it early.
+#include "analysis/analysed.h"
 #include "analysis/analysis_run.h"
 #include "analysis/distance_matrix.h"
 #include "analysis/progress.h"
@@ -146,7 +147,6 @@ TEST_F(AnalysisRun, EscapeLeavesCompleteFilesOnly)
     for (const auto& open : {open_proteins, open_small}) {
         EXPECT_EQ(run(open + select_all + finish), Ending::script_ended);
         const auto analyse = [this] { return play(level(3), tout_auto).ending; };
-        set_escape(nullptr);
         EXPECT_EQ(analyse(), Ending::returned);
         const auto complete = take_files();
         std::size_t most_files = 0;
@@ -163,6 +163,7 @@ TEST_F(AnalysisRun, EscapeLeavesCompleteFilesOnly)
             EXPECT_EQ(dist, nullptr);
             if (left < 0) most_files = std::max(most_files, files.size());
         }
+        set_escape(nullptr);
         EXPECT_GT(looks, 20) << "one or more for each file and each matrix";
         EXPECT_GT(most_files, files_of_level[0].size());
         EXPECT_LT(most_files, complete.size());
@@ -191,6 +192,8 @@ TEST_F(AnalysisRun, WhatIsKnownBeforeTheStartIsSaidAndNothingIsWritten)
     std::filesystem::create_directories(path("work/ssu_small_5.njb"));
     EXPECT_EQ(run(keys + level(3)), Ending::script_ended);
     EXPECT_TRUE(shows("ssu_small_5.njb"));
+    EXPECT_EQ(dist, nullptr) << "freed, although the script has ended in a warning";
+    EXPECT_TRUE(retain.empty());
     EXPECT_EQ(file_names("work"), Names{"ssu_small_5.njb"});
     EXPECT_EQ(run(keys + level(2)), Ending::script_ended);
     EXPECT_EQ(file_names("work").size(), 9U);
