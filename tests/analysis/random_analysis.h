@@ -113,9 +113,6 @@ private:
 // the program's files. The working directory is root()/work.
 class AnalysisTest : public EditorTest {
 public:
-    // The other two weight matrices as multiples of the first.
-    static constexpr double nocons_scale = 0.5, cons_scale = 0.25;
-
     AnalysisTest()
     {
         stop_clock(1179302400); // 16 May 2007, 8 hours
@@ -143,20 +140,13 @@ protected:
         std::filesystem::last_write_time(
             path("seq/" + file_ALI),
             std::filesystem::file_time_type::clock::from_sys(std::chrono::sys_seconds{written}));
-        write_matrix("IDENTITE", analysis.identity, 1);
-        write_matrix("NOCONS", analysis.identity, nocons_scale);
-        write_matrix("CONS", analysis.identity, cons_scale);
-    }
-
-    void write_matrix(const std::string& name, const plain::Weights& weights, double scale) const
-    {
-        std::string text;
-        for (const auto& row : weights) {
+        std::string matrix;
+        for (const auto& row : analysis.identity) {
             for (const double weight : row)
-                text += text_format("%.17g ", weight * scale);
-            text += '\n';
+                matrix += text_format("%.17g ", weight);
+            matrix += '\n';
         }
-        write_file("zoltexe/" + name + ".MAT", text);
+        write_file("zoltexe/IDENTITE.MAT", matrix);
     }
 
     // What is in the working directory, which is emptied.
