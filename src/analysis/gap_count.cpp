@@ -17,7 +17,7 @@ constexpr std::size_t block_columns = 16384, batch_rows = 255;
 using ByteCounters = std::array<std::uint8_t, block_columns>;
 
 // Written with vectors: the compiler makes a table of the six characters, which it looks up one by one.
-using Bytes [[gnu::vector_size(32)]] = signed char;
+using Bytes [[gnu::vector_size(32)]] = std::uint8_t;
 
 KQ_VECTOR_CLONES void add_row(const char* text, std::size_t count, std::uint8_t* counters)
 {
@@ -26,8 +26,9 @@ KQ_VECTOR_CLONES void add_row(const char* text, std::size_t count, std::uint8_t*
         Bytes x, counted;
         std::memcpy(&x, text + c, sizeof x);
         std::memcpy(&counted, counters + c, sizeof counted);
-        // A comparison that holds is -1.
-        counted -= (x == ' ') | (x == '*') | (x == '?') | (x == '$') | (x == '-') | (x == '\0');
+        // A comparison that holds has all bits set, which adds 1 when it is subtracted.
+        counted -= reinterpret_cast<Bytes>((x == ' ') | (x == '*') | (x == '?') | (x == '$') | (x == '-') |
+                                           (x == '\0'));
         std::memcpy(counters + c, &counted, sizeof counted);
     }
     for (; c < count; c++)
