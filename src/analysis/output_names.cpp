@@ -12,7 +12,7 @@ constexpr int last_with_sign = 99;
 
 } // namespace
 
-constinit std::string nomfic;
+std::string nomfic;
 constinit int nb_matrice = 0;
 constinit int nb_sequence = 0;
 
