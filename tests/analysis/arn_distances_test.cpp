@@ -45,7 +45,8 @@ TEST(PairCounts, EqualThePlainOnesWithAnyInstructions)
 {
     std::mt19937 random(seed);
     // Around words and blocks, and around what the bytes of the narrower vectors hold.
-    for (const std::size_t columns : {0, 1, 63, 64, 65, 511, 512, 513, 1500, 3583, 3585, 7679, 7681, 15000})
+    for (const std::size_t columns :
+         {0U, 1U, 63U, 64U, 65U, 511U, 512U, 513U, 1500U, 3583U, 3585U, 7679U, 7681U, 15000U})
         for (const auto letters : {std::string_view("A"), bases, read_letters, typed_letters}) {
             const auto rows = random_rows(random, 4, columns, letters);
             BasePlanes planes(4, static_cast<int>(columns));
