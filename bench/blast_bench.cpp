@@ -1,7 +1,6 @@
 // What is added to the time that BLAST itself takes: preparing its input and reading its table of hits.
 #include "bench/evolved_sequences.h"
 #include "bench/timing.h"
-#include "core/lifecycle.h"
 #include "core/store.h"
 #include "editor/view.h"
 #include "screen/private_directory.h"
@@ -23,13 +22,7 @@ constexpr int runs = 9;
 
 void load(const Evolution& evolution)
 {
-    const auto rows = evolved_sequences(evolution);
-    alignment_reset();
-    store_allocate();
-    store_begin(evolution.species, evolution.columns);
-    for (int i = 0; i < evolution.species; i++)
-        store_put(i, species_name(i), rows[static_cast<std::size_t>(i)], false, false);
-    type_seq = evolution.alphabet == Alphabet::protein;
+    load_evolved(evolution);
     pos_deb = 0;
     pos_fin = nb_nuc_tot - 1;
 }

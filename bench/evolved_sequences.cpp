@@ -3,6 +3,7 @@
 #include "analysis/analysed.h"
 #include "analysis/distance_matrix.h"
 #include "analysis/parameters.h"
+#include "bench/timing.h"
 #include "core/lifecycle.h"
 #include "core/store.h"
 
@@ -124,20 +125,32 @@ std::vector<std::string> evolved_sequences(const Evolution& evolution)
     return Evolver(evolution).evolve();
 }
 
+namespace {
+
+void load_rows(std::span<const std::string> rows, Alphabet alphabet)
+{
+    alignment_reset();
+    store_allocate();
+    store_begin(static_cast<int>(rows.size()), rows.empty() ? 0 : static_cast<int>(rows[0].size()));
+    for (int i = 0; i < nb_spec; i++)
+        store_put(i, species_name(i), rows[static_cast<std::size_t>(i)], false, false);
+    type_seq = alphabet == Alphabet::nucleic ? 0 : 1;
+}
+
+} // namespace
+
+void load_evolved(const Evolution& evolution)
+{
+    load_rows(evolved_sequences(evolution), evolution.alphabet);
+}
+
 void analyse(std::span<const std::string> rows, Alphabet alphabet)
 {
     libere_memoire_dist();
-    alignment_reset();
-    store_allocate();
-    const auto columns = rows.empty() ? 0 : rows[0].size();
-    store_begin(static_cast<int>(rows.size()), static_cast<int>(columns));
-    for (int i = 0; i < nb_spec; i++)
-        store_put(i, "Species " + std::to_string(i), rows[static_cast<std::size_t>(i)], false, false);
-    type_seq = alphabet == Alphabet::nucleic ? 0 : 1;
-
+    load_rows(rows, alphabet);
     nb_spec_auto = nb_spec;
     std::iota(cor_auto.begin(), cor_auto.begin() + nb_spec, 0);
-    retain.assign(columns, position_kept);
+    retain.assign(static_cast<std::size_t>(nb_nuc_tot), position_kept);
     retain.push_back(end_of_positions);
     nb_nuc_keep = nb_nuc_tot;
     name_distances(type_seq);

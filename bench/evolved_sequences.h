@@ -25,6 +25,9 @@ struct Evolution {
 // transitions. Proteins: half of them stay within a group of similar residues.
 std::vector<std::string> evolved_sequences(const Evolution& evolution);
 
+// Loads such rows as an alignment.
+void load_evolved(const Evolution& evolution);
+
 // Loads rows of one length as an alignment, and sets up an analysis of all its species and positions as a run
 // does after its parameters: names of the distances, unknown characters, matrices (all zero).
 void analyse(std::span<const std::string> rows, Alphabet alphabet);

@@ -2,7 +2,6 @@
 // and writing that into the alignment.
 #include "bench/evolved_sequences.h"
 #include "bench/timing.h"
-#include "core/lifecycle.h"
 #include "core/store.h"
 #include "editor/view.h"
 #include "screen/private_directory.h"
@@ -28,13 +27,7 @@ constexpr int runs = 9;
 
 std::vector<int> load(const Evolution& evolution)
 {
-    const auto rows = evolved_sequences(evolution);
-    alignment_reset();
-    store_allocate();
-    store_begin(evolution.species, evolution.columns);
-    for (int i = 0; i < evolution.species; i++)
-        store_put(i, species_name(i), rows[static_cast<std::size_t>(i)], false, false);
-    type_seq = evolution.alphabet == Alphabet::protein;
+    load_evolved(evolution);
     pos_deb = 0;
     pos_fin = nb_nuc_tot - 1;
     return species_of(SpeciesSet::all_species, 0);
