@@ -37,9 +37,8 @@ protected:
     void stand_in(const std::string& name, const std::string& directory = "bin") const
     {
         std::filesystem::create_directories(path(directory));
-        const std::string program = directory + '/' + name, said = "'" + name + "_said'";
-        write_file(program, "#!/bin/sh\nfor a; do echo \"[$a]\"; done > saying\nmv saying " + said + "\n");
-        std::filesystem::permissions(path(program), std::filesystem::perms::owner_all);
+        write_program(directory + '/' + name,
+                      "for a; do echo \"[$a]\"; done > saying\nmv saying '" + name + "_said'\n");
     }
     void search_programs_in(const std::string& directories) const
     {

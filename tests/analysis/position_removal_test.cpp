@@ -10,55 +10,15 @@
 namespace kq {
 namespace {
 
-class PositionRemoval : public test::EditorTest {
-protected:
-    // The kept positions, as "0 2 5".
-    std::string kept(int percent)
-    {
-        percent_gap = percent;
-        elimine_pos_gap();
-        EXPECT_EQ(retain.size(), static_cast<std::size_t>(nb_nuc_tot) + 1);
-        EXPECT_EQ(retain.back(), end_of_positions);
-        std::string text;
-        for (const int p : kept_positions())
-            text += (text.empty() ? "" : " ") + std::to_string(p);
-        EXPECT_EQ(kept_positions().size(), static_cast<std::size_t>(nb_nuc_keep));
-        return text;
-    }
-};
-
-TEST_F(PositionRemoval, PercentIsRoundedDownAndEnsemblesAreListedInOrder)
-{
-    // One gap of each kind, two gaps, "?" everywhere (which hides nothing), gaps everywhere (hidden).
-    load({"A-CCG*?- ", "AC*CG*?*$", "ACC?$ ? -"}, {{2, 0, 1}});
-    EXPECT_EQ(kept(0), "0");
-    EXPECT_EQ(kept(32), "0");
-    EXPECT_EQ(kept(33), "0 1 2 3 4");
-    EXPECT_EQ(kept(99), "0 1 2 3 4");
-    EXPECT_EQ(kept(100), "0 1 2 3 4 6");
-    opt_nogap = 1;
-    EXPECT_EQ(kept(100), "0 1 2 3 4 5 6 7 8");
-    opt_nogap = 0;
-
-    // Species 1 is in two ensembles; with it counted twice 3 of 4 have a gap at 2 and 3.
-    load({"AACC", "AA**", "AA*C", "CCCC"}, {{2, 1}, {1, 0}, {}});
-    EXPECT_EQ(kept(74), "0 1 3");
-    EXPECT_EQ(kept(75), "0 1 2 3");
-    EXPECT_EQ(std::vector<int>(analysed_species().begin(), analysed_species().end()),
-              (std::vector<int>{2, 1, 1, 0}));
-
-    // Nothing to analyse, with or without hidden columns.
-    load({"AACC"}, {{}});
-    for (opt_nogap = 0; opt_nogap < 2; opt_nogap++)
-        EXPECT_EQ(kept(100), "");
-    opt_nogap = 0;
-}
+using PositionRemoval = test::EditorTest;
 
 TEST_F(PositionRemoval, TheEditorsHiddenColumnsStay)
 {
     load({"A*CC", "A*CG"});
     recompute_hidden(true, 0);
-    EXPECT_EQ(kept(100), "0 2 3");
+    percent_gap = 100;
+    elimine_pos_gap();
+    EXPECT_EQ(kept_positions(), (std::vector{0, 2, 3}));
     EXPECT_EQ(nb_nuc, 4);
     EXPECT_EQ(std::vector<int>(delcom, delcom + 4), std::vector<int>(4, column_shown));
 }

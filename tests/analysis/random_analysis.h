@@ -28,8 +28,8 @@ public:
     plain::Analysis make()
     {
         plain::Analysis made;
-        made.file =
-            pick<std::string>({"x.ali", "two words.ali", "a$b-c.d.ali", std::string(80, 'n') + ".ali"});
+        made.file = pick<std::string>(
+            {"x.ali", "two words.ali", "it's $b-c.d.ali", std::string(80, 'n') + "2.ali", ".ali"});
         made.file_date = "2 January 2006 at 15 hours 4";
         made.today = "Wednesday 16 May 2007 at 8 hours 0";
         made.colours = "/d/zolt/data/five.col";
@@ -82,7 +82,9 @@ private:
         std::string ancestor;
         for (int p = 0; p < made.columns; p++)
             ancestor += letter(residues);
-        for (int i = pick({below(4), 4 + below(12), 4 + below(12), 4 + below(12)}); i >= 0; i--) {
+        // Few, or so many that numbers of two digits end PHYLIP names.
+        const int most = made.columns < 60 ? 120 : 12;
+        for (int i = pick({below(4), 4 + below(12), 4 + below(12), 4 + below(most)}); i >= 0; i--) {
             std::string row = ancestor;
             for (char& c : row) {
                 if (below(100) < distance) c = letter(residues);

@@ -102,10 +102,6 @@ TEST_F(WholeRun, WritersWithoutACommandFollowThePlainVersion)
         expect_equal(take_files(), {{"x.pir", plain::pir_file(analysis)},
                                     {"x.msf", plain::msf_file(analysis, "x.msf")},
                                     {"x.afas", plain::aligned_fasta_file(analysis)}});
-        // Names that NEXUS would misread are quoted; the plain version knows nothing of that.
-        analysis.file = "x.ali";
-        for (auto& species : analysis.species)
-            std::ranges::replace(species.identifier, '\'', 'y');
         analysis.percent = 100;
         if (!prepare(analysis)) continue;
         nb_sequence = 98 + static_cast<int>(seed % 4);

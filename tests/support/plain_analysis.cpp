@@ -59,6 +59,20 @@ std::string up_to_first(const std::string& text, char c)
     return text.substr(0, text.find(c));
 }
 
+// A NEXUS token in single quotes, which are doubled inside it.
+std::string quoted(const std::string& text)
+{
+    std::string token = "'";
+    for (const char c : text)
+        token += c == '\'' ? "''" : std::string(1, c);
+    return token + "'";
+}
+
+bool plain_token(const std::string& text)
+{
+    return std::ranges::all_of(text, [](char c) { return std::isalnum(c) != 0 || one_of(c, "_.-"); });
+}
+
 struct Identifiers {
     int option;
 
@@ -84,7 +98,7 @@ struct Identifiers {
                 text[first] = '_';
         }
         text = text.substr(0, length);
-        return mode == 4 ? "'" + text + "'" : text;
+        return mode == 4 ? quoted(text) : text;
     }
 };
 
@@ -360,13 +374,15 @@ private:
 
     std::string nexus_text() const
     {
+        const std::string tree = up_to_first(nomfic_, '.') + ".tre";
         std::string text = nexus_start("Begin");
         text += print("    format datatype=%s gap='-';\n    Matrix\n", of_.type ? "protein" : "RNA");
         for (std::size_t i = 0; i < analysed_.size(); i++)
             text += written(i, 79, 4) + " " + replaced(replaced(up_to_end(i), '*', '-'), ' ', '?') + "\n";
         return text + "    ;\nend;\n" + "set MAXTREES=100 INCREASE=NO AUTOCLOSE=YES;\n" +
                "hsearch nreps=5 rseed=557 addseq=random swap=TBR;\n" +
-               "savetrees file=" + up_to_first(nomfic_, '.') + ".tre BRLENS=yes REPLACE=yes from=1 to=1;\n";
+               "savetrees file=" + (plain_token(tree) ? tree : quoted(tree)) +
+               " BRLENS=yes REPLACE=yes from=1 to=1;\n";
     }
 
     // The characters that the row has: a shorter one does not read as blanks here.
