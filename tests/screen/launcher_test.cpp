@@ -8,7 +8,6 @@
 
 #include <csignal>
 #include <cstdio>
-#include <filesystem>
 
 namespace kq {
 namespace {
@@ -55,8 +54,7 @@ TEST_F(Launcher, ScrollsInASmallWindow)
 // In the same process, with the same output and no arguments; SIGXFSZ, ignored here, ends it again.
 TEST_F(Launcher, AProgramThatIsThereTakesThePlaceOfTheEditor)
 {
-    write_file("zoltexe/sirandel", "#!/bin/sh\nulimit -c 0\necho \"$$ $#\"\nkill -XFSZ $$\n");
-    std::filesystem::permissions(path("zoltexe/sirandel"), std::filesystem::perms::owner_all);
+    write_program("zoltexe/sirandel", "ulimit -c 0\necho \"$$ $#\"\nkill -XFSZ $$\n");
     NewFile(path("any")).commit();
     const pid_t child = fork();
     if (child == 0) {

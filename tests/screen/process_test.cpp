@@ -24,8 +24,7 @@ public:
     // A shell script of this name in the private directory; its path.
     std::string program(const std::string& name, const std::string& text) const
     {
-        write_file(name, "#!/bin/sh\n" + text);
-        std::filesystem::permissions(path(name), std::filesystem::perms::owner_all);
+        write_program(name, text);
         return path(name);
     }
     // Files of this process that are open.

@@ -153,6 +153,12 @@ int ScreenSession::color_of(std::string_view text) const
     return number ? color_at(number, static_cast<int>(screen_line(number).find(text)) + 1) : -1;
 }
 
+void ScreenSession::write_program(std::string_view below, std::string_view shell_script) const
+{
+    write_file(below, "#!/bin/sh\n" + std::string(shell_script));
+    std::filesystem::permissions(path(below), std::filesystem::perms::owner_all);
+}
+
 bool ScreenSession::has_file(std::string_view below) const
 {
     return std::filesystem::exists(path(below));

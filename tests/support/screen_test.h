@@ -76,6 +76,7 @@ public:
     std::string path(std::string_view below) const { return folder_.path(below); } // root()/below
     // `below` as in path().
     void write_file(std::string_view below, std::string_view bytes) const { folder_.write(below, bytes); }
+    void write_program(std::string_view below, std::string_view shell_script) const;
     std::string read_file(std::string_view below) const { return folder_.read(below); }
     std::vector<std::string> file_names(std::string_view below) const { return folder_.names(below); }
     bool has_file(std::string_view below) const;

@@ -31,11 +31,9 @@ public:
     // A shell script in place of a program; $database, $query and $output are what its options name.
     void stand_in(const std::string& program, const std::string& script) const
     {
-        const std::string name = "bin/" + program;
-        write_file(name, "#!/bin/sh\nfor a; do case $a in -d*) database=${a#-d};; -i*) query=${a#-i};; "
-                         "-o*) output=${a#-o};; esac; done\n" +
-                             script + '\n');
-        std::filesystem::permissions(path(name), std::filesystem::perms::owner_all);
+        write_program("bin/" + program, "for a; do case $a in -d*) database=${a#-d};; -i*) query=${a#-i};; "
+                                        "-o*) output=${a#-o};; esac; done\n" +
+                                            script + '\n');
     }
     // What the box of a warning says, on one line.
     std::string box_text() const

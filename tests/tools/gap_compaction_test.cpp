@@ -1,14 +1,13 @@
 // Compacting a region of an alignment, by call and by keys.
-#include "editor/editor_test.h"
 #include "tools/gap_compaction.h"
+#include "tools/region_fixture.h"
 
 using namespace kq;
-using test::EditorTest;
 using test::Ending;
 
 namespace {
 
-class GapCompactionTest : public EditorTest {
+class GapCompactionTest : public test::RegionTest {
 public:
     // What a row has to become, its text being longer or shorter than the alignment.
     static std::string expected(std::string text, Direction direction)
@@ -23,32 +22,14 @@ public:
 
 } // namespace
 
-// Random rows and regions; rows 2 and 3 are longer and shorter than the alignment, row 4 is deleted.
 TEST_F(GapCompactionTest, ChangesTheSetAndNothingElse)
 {
-    const std::vector<int> chosen[] = {{7, 3}, {0, 1, 2, 3, 4, 5, 6, 7, 9}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}};
     for (unsigned round = 0; round < 60; round++) {
         std::mt19937 random(round);
-        const auto columns = 1 + random() % 60;
-        std::vector<std::string> rows(10, std::string(columns, 'A'));
-        for (auto& row : rows)
-            for (auto c = row.begin() + 1; c != row.end(); ++c)
-                *c = "ACn*- ?$"[random() % 8];
-        load(rows, {{0, 1, 2, 3, 4, 5, 6, 7}, {7, 3}, {9}});
-        replace_text(2, rows[2] += "*-A");
-        replace_text(3, rows[3] = rows[3].substr(0, 1 + random() % columns));
-        set_destroyed(4, true);
-        set_collapsed(1, true);
-        opt_consensus = 1 + static_cast<int>(random() % 2);
-        compute_ligne_consensus();
-        compute_consensus(1);
-        enter();
-        pos_deb = static_cast<int>(random() % columns);
-        pos_fin = pos_deb + static_cast<int>(random() % (columns - static_cast<unsigned>(pos_deb)));
-
+        auto rows = load_ten(random, "ACn*- ?$");
         const auto direction = random() % 2 ? Direction::left : Direction::right;
         const auto set = round % 3;
-        for (const int species : chosen[set])
+        for (const int species : species_of_set[set])
             rows[static_cast<std::size_t>(species)] =
                 expected(rows[static_cast<std::size_t>(species)], direction);
         do_compaction(direction, static_cast<SpeciesSet>(set), 1);

@@ -1,7 +1,7 @@
 // Realigning a region: with programs that stand in for ClustalW, and with ClustalW itself.
-#include "editor/editor_test.h"
 #include "taxonomy/text_file.h"
 #include "tools/realignment.h"
+#include "tools/region_fixture.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -9,17 +9,16 @@
 #include <set>
 
 using namespace kq;
-using test::EditorTest;
 using test::Ending;
 
 namespace {
 
 const std::string left_out = "?*-$ ";
 
-class Realignment : public EditorTest {
+class Realignment : public test::RegionTest {
 public:
     Realignment()
-        : EditorTest({.lines = 34, .columns = 160})
+        : RegionTest({.lines = 34, .columns = 160})
     {
         std::filesystem::create_directories(path("work"));
         std::filesystem::create_directories(path("temporary"));
@@ -37,10 +36,9 @@ public:
     // and "input" in the directory $root are for its use.
     void stand_in(const std::string& script) const
     {
-        write_file("tool", "#!/bin/sh\nroot='" + root() +
-                               "'\nin=${2#-infile=}\nout=${in%.*}.nxs\n: > \"${in%.*}.dnd\"\n" + script +
-                               "\n");
-        std::filesystem::permissions(path("tool"), std::filesystem::perms::owner_all);
+        write_program("tool", "root='" + root() +
+                                  "'\nin=${2#-infile=}\nout=${in%.*}.nxs\n: > \"${in%.*}.dnd\"\n" + script +
+                                  "\n");
         setenv("KQ_CLUSTALW", path("tool").c_str(), 1);
     }
     static void mark_region(int first, int last)
@@ -116,43 +114,27 @@ std::vector<std::string> plain_result(std::vector<std::string> rows, const std::
 
 } // namespace
 
-// Random rows, regions, sets and alignments; rows 2 and 3 are longer and shorter than the alignment, row 4 is
-// deleted.
+// Random sets and alignments of what is sent.
 TEST_F(Realignment, TakesOverTheGapsAndNothingElse)
 {
     stand_in("cat \"$in\" > $root/input; cat $root/answer > \"$out\"");
-    const std::vector<int> chosen[] = {
-        {7, 3}, {7, 3, 0, 1, 2, 3, 4, 5, 6, 9}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}};
     int widened = 0, narrowed = 0;
     for (unsigned round = 0; round < 60; round++) {
+        SCOPED_TRACE(round);
         std::mt19937 random(round);
-        const auto columns = 8 + random() % 60;
-        std::vector<std::string> rows(10, std::string(columns, 'A'));
-        for (auto& row : rows)
-            for (char& c : row)
-                if (random() % 8) c = "ACGUacgn*- ?$"[random() % 13];
-        load(rows, {{7, 3}, {0, 1, 2, 3, 4, 5, 6}, {9}});
-        replace_text(2, rows[2] += "*-A");
-        replace_text(3, rows[3] = rows[3].substr(0, 1 + random() % columns));
-        set_destroyed(4, true);
-        set_collapsed(1, true);
-        compute_ligne_consensus();
-        compute_consensus(1);
-        enter();
-        const auto first = random() % columns, last = first + random() % (columns - first);
-        mark_region(static_cast<int>(first), static_cast<int>(last));
-        const int minimum = static_cast<int>(random() % 6);
+        auto rows = load_ten(random, "AAACGUacgn*- ?$");
         const auto set = random() % 3;
+        const int minimum = static_cast<int>(random() % 6);
+        const auto first = static_cast<std::size_t>(pos_deb), last = static_cast<std::size_t>(pos_fin);
 
         // What the program has to get, and a random alignment of that.
         std::string input;
         std::map<int, std::string> aligned;
         std::size_t length = 0;
-        for (const int species : chosen[set]) {
+        for (const int species : species_of_set[set]) {
             const auto& row = rows[static_cast<std::size_t>(species)];
             const auto own = residues(row.size() > first ? row.substr(first, last - first + 1) : "");
-            if (species == 4 || own.empty() || std::ssize(own) < minimum || aligned.contains(species))
-                continue;
+            if (species == 4 || own.empty() || std::ssize(own) < minimum) continue;
             input += ">lcl|" + std::to_string(species) + '\n' + own + '\n';
             aligned[species] = own;
             length = std::max(length, own.size());
@@ -167,15 +149,14 @@ TEST_F(Realignment, TakesOverTheGapsAndNothingElse)
         if (enough) {
             write_file("answer", nexus(aligned, 1 + random() % 70, random));
             (length > last - first + 1 ? widened : narrowed)++;
-            rows = plain_result(rows, {chosen[set].begin(), chosen[set].end()}, aligned, first, last);
+            rows = plain_result(rows, {species_of_set[set].begin(), species_of_set[set].end()}, aligned,
+                                first, last);
         }
-        play("Q", [&] { do_clustalw(static_cast<SpeciesSet>(set), 0, minimum); });
-        ASSERT_EQ(sequences(), rows) << round;
-        ASSERT_EQ(changed(), enough) << round;
-        if (enough) {
-            ASSERT_EQ(read_file("input"), input) << round;
-        }
-        ASSERT_EQ(columns_error() + store_error(), "") << round;
+        play("Q", [&] { do_clustalw(static_cast<SpeciesSet>(set), 1, minimum); });
+        ASSERT_EQ(sequences(), rows);
+        ASSERT_EQ(changed(), enough);
+        ASSERT_TRUE(!enough || read_file("input") == input);
+        ASSERT_EQ(columns_error() + store_error(), "");
         expect_no_files_left();
     }
     EXPECT_GT(widened, 10);
@@ -184,7 +165,7 @@ TEST_F(Realignment, TakesOverTheGapsAndNothingElse)
 
 TEST_F(Realignment, AProgramThatFailsChangesNothing)
 {
-    const std::vector<std::string> rows{"AC*GT*A", "ACCG**A", "A**GT*A"};
+    const std::vector<std::string> rows{"AC*GT*A", "ACCG**A", "A**GT*A", "*******"};
     std::mt19937 random(1);
     write_file("answer", nexus({{0, "C-GT"}, {1, "CCG-"}, {2, "--GT"}}, 50, random));
     write_file("two", nexus({{0, "C-GT"}, {1, "CCG-"}}, 50, random));
@@ -213,14 +194,14 @@ TEST_F(Realignment, AProgramThatFailsChangesNothing)
     };
     const auto try_it = [&](const std::string& what, const std::string& warning,
                             const std::string& keys = "") {
-        load({rows[0], rows[1], rows[2], "*******"});
+        load(rows);
         enter();
         mark_region(1, 5);
         const auto played = play(keys, [] { do_clustalw(SpeciesSet::all_species, 0, 0); });
         EXPECT_EQ(played.ending, warning.empty() ? Ending::returned : Ending::script_ended) << what;
         EXPECT_TRUE(shows(warning)) << what << '\n' << line(6) << line(7);
         expect_no_files_left();
-        EXPECT_EQ(sequences(), (std::vector<std::string>{rows[0], rows[1], rows[2], "*******"})) << what;
+        EXPECT_EQ(sequences(), rows) << what;
         EXPECT_FALSE(changed()) << what;
         EXPECT_EQ(columns_error() + store_error(), "") << what;
     };
@@ -263,7 +244,6 @@ TEST_F(Realignment, AnyNameOfTheAlignmentWillDo)
         EXPECT_EQ(play("", [] { do_clustalw(SpeciesSet::one_ensemble, 0, 0); }).ending, Ending::returned)
             << c.name;
         EXPECT_EQ(sequences(), (std::vector<std::string>{"AC*GTA", "ACCG*A"})) << c.name;
-        EXPECT_TRUE(changed());
         const std::string input = read_file("input");
         EXPECT_EQ(input.substr(0, input.find('\n')), "2 -infile=" + c.input) << c.name;
         EXPECT_EQ(input.ends_with("/work\n"), c.input != "region.fasta") << input;
@@ -286,16 +266,15 @@ TEST_F(Realignment, IsReachedByKeys)
         std::vector<std::string> rows;
         std::string shown;
     } cases[] = {
-        {region + "BackSpace \"3\" Enter Down Enter", {"AC*GTA", "ACG**A", "A*CGTA"}, ""},
-        {region + "BackSpace \"3\" Enter Enter Down Enter", {"AC*GTA", "ACG**A", "A*CGTA"}, ""},
+        {region + "BackSpace \"3\" Enter Down Enter", done, ""},
+        {region + "BackSpace \"3\" Enter Enter Down Enter", done, ""},
         {region + "Enter Down*2 Enter", rows,
          "Fewer than two of the species have enough residues in the region"},
         {region + "Enter Enter Escape", rows, ""},
         {region + "Enter Escape", rows, ""},
         {region + "Escape", rows, ""},
         {"O Down*3 Enter ( Escape", rows, ""},
-        {region + "\"9\" Enter", rows,
-         "Minimum length for a sequence to be realigned (0-5) ="}, // 59 is refused
+        {region + "\"9\" Enter", rows, "to be realigned (0-5) ="}, // 59 is refused
     };
     for (const auto& c : cases) {
         load(rows, {{1}, {0, 2, 1}});
@@ -318,21 +297,6 @@ TEST_F(Realignment, IsReachedByKeys)
 
 namespace {
 
-// The rows of an alignment of the demo, `count` columns from `first` on.
-std::vector<std::string> demo_rows(const std::string& name, std::size_t first, std::size_t count)
-{
-    std::vector<std::string> rows;
-    std::string_view text;
-    const std::string bytes = test::read_bytes(KQ_SOURCE_DIRECTORY "/demo/ZOLT/seq/" + name);
-    for (text = bytes; !text.empty();) {
-        std::string line(take_line(text));
-        if (line.starts_with('>') || line.starts_with('#')) continue;
-        line.resize(std::max(line.size(), first + count), ' ');
-        rows.push_back(line.substr(first, count));
-    }
-    return rows;
-}
-
 struct RealCase {
     std::string name; // of the alignment
     std::string file;
@@ -340,6 +304,29 @@ struct RealCase {
     std::size_t first, count;
     bool narrowed; // else widened
 };
+
+// The first twenty rows of an alignment of the demo, the given columns. Every second column is empty, so that
+// the region becomes narrower; or each row lacks a piece elsewhere and the rest is packed, so that it becomes
+// wider.
+std::vector<std::string> region_of_demo(const RealCase& c)
+{
+    std::vector<std::string> rows;
+    std::size_t width = 0;
+    const std::string bytes = test::read_bytes(KQ_SOURCE_DIRECTORY "/demo/ZOLT/seq/" + c.file);
+    for (std::string_view text = bytes; rows.size() < 20;) {
+        std::string line(take_line(text)), own;
+        if (line.starts_with('>') || line.starts_with('#')) continue;
+        line.resize(std::max(line.size(), c.first + c.count), ' ');
+        for (const char residue : line.substr(c.first, c.count))
+            own += c.narrowed ? std::string{residue, '*'} : Realignment::residues({&residue, 1});
+        if (!c.narrowed) own.erase(std::min(own.size(), 5 + 3 * rows.size()), 6);
+        width = std::max(width, own.size());
+        rows.push_back(own);
+    }
+    for (auto& row : rows)
+        row.resize(width, '*');
+    return rows;
+}
 
 } // namespace
 
@@ -352,59 +339,42 @@ TEST_F(Realignment, ClustalWRealignsRealSequences)
         {"prot.ali", "ovomucoid.ali", test::protein, 0, 88, false},
         {"prot.ali", "proteases.ali", test::protein, 600, 80, true},
     };
+    const std::string left = "ACDEFGHIKL", right = "LKIHGFEDCA"; // of the region; they stay
     for (const auto& c : cases) {
-        // Ten columns on either side that stay. In the region every second column is empty, so that it
-        // becomes narrower; or each row lacks a piece elsewhere and the rest is packed, so that it becomes
-        // wider.
+        SCOPED_TRACE(c.name + " " + c.file);
+        auto before = region_of_demo(c);
+        const auto width = before[0].size();
+        before[5] = "A$C?" + std::string(width - 4, '*'); // too short
+        strlwr(before[6].data());
         std::vector<std::string> rows;
-        std::size_t width = 0;
-        for (const auto& text : demo_rows(c.file, c.first, c.count)) {
-            std::string own;
-            for (const char ch : text)
-                own += c.narrowed ? std::string{ch, '*'} : residues({&ch, 1});
-            if (!c.narrowed) own.erase(std::min(own.size(), 5 + 3 * rows.size()), 6);
-            width = std::max(width, own.size());
-            rows.push_back(own);
-            if (rows.size() == 20) break;
-        }
-        ASSERT_EQ(rows.size(), 20U);
-        rows[5] = "A$C?";
-        strlwr(rows[6].data());
-        for (auto& row : rows) {
-            row.resize(width, '*');
-            row = "ACDEFGHIKL" + row + "LKIHGFEDCA";
-        }
+        for (const auto& region : before)
+            rows.push_back(left + region + right);
         load(rows, {}, c.type);
         file_ALI = c.name;
         set_destroyed(7, true);
         enter();
         mark_region(10, static_cast<int>(9 + width));
-        EXPECT_EQ(play("", [] { do_clustalw(SpeciesSet::all_species, 0, 5); }).ending, Ending::returned)
-            << c.file;
+        EXPECT_EQ(play("", [] { do_clustalw(SpeciesSet::all_species, 0, 5); }).ending, Ending::returned);
 
-        ASSERT_TRUE(changed()) << c.file;
+        ASSERT_TRUE(changed());
         const auto wider = static_cast<std::size_t>(nb_nuc_tot) - rows[0].size();
-        EXPECT_EQ(wider > 0, !c.narrowed) << c.file;
+        EXPECT_EQ(wider > 0, !c.narrowed);
         std::size_t longest = 0;
         for (std::size_t i = 0; i < rows.size(); i++) {
-            const std::string before = rows[i].substr(10, width), now = sequence(static_cast<int>(i));
+            const std::string now = sequence(static_cast<int>(i));
             ASSERT_EQ(now.size(), rows[i].size() + wider);
             const std::string region = now.substr(10, width + wider);
-            EXPECT_EQ(now, "ACDEFGHIKL" + region + "LKIHGFEDCA");
+            EXPECT_EQ(now, left + region + right);
             if (i == 5 || i == 7) {
-                std::string compacted = before;
-                plain::compact(compacted, true);
-                EXPECT_EQ(region, compacted + std::string(wider, '*')) << c.file;
+                plain::compact(before[i], true);
+                EXPECT_EQ(region, before[i] + std::string(wider, '*'));
                 continue;
             }
-            EXPECT_EQ(residues(region), residues(before)) << c.file;
-            EXPECT_EQ(region.find_first_of("-$? "), std::string::npos) << c.file;
+            EXPECT_EQ(residues(region), residues(before[i]));
+            EXPECT_EQ(region.find_first_of("-$? "), std::string::npos);
             longest = std::max(longest, region.find_last_not_of('*') + 1);
         }
-        EXPECT_LE(longest, width + wider);
-        if (c.narrowed) {
-            EXPECT_LT(longest, width) << c.file;
-        }
+        EXPECT_EQ(longest < width, c.narrowed);
         expect_no_files_left();
     }
 }
