@@ -104,6 +104,26 @@ void prepare(const Evolution& evolution)
                 median(writing) * 1e3);
 }
 
+// The longest table that blastall is asked for: two segments of each of 10000 subjects.
+void read_longest_table()
+{
+    std::string text;
+    for (int line = 0; line < 20000; line++)
+        text += "lcl|0\tlcl|" + std::to_string(line / 2) +
+                "\t97.47\t1500\t38\t0\t1\t1500\t1\t1500\t3e-152\t 534\n";
+    std::vector<double> reading;
+    for (int run = 0; run < runs; run++) {
+        const PrivateDirectory directory;
+        directory.write("file", text);
+        reading.push_back(seconds([&] {
+            std::string table;
+            read_whole_file(directory.path_of("file"), table);
+            if (read_blast_table(table, nb_spec).hits.size() != 10000) std::puts("hits are missing");
+        }));
+    }
+    std::printf("\nReading the longest table, of 10000 subjects: %.1f ms\n", median(reading) * 1e3);
+}
+
 } // namespace
 
 int main()
@@ -113,4 +133,5 @@ int main()
     search({.species = 500}, "nucleic");
     search({.alphabet = Alphabet::protein, .species = 500, .columns = 500}, "protein");
     prepare({.species = 20000, .columns = 1500});
+    read_longest_table();
 }

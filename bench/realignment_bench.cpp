@@ -6,6 +6,7 @@
 #include "editor/view.h"
 #include "screen/private_directory.h"
 #include "screen/process.h"
+#include "taxonomy/text_file.h"
 #include "tools/clustalw_files.h"
 #include "tools/sent_region.h"
 #include "tools/species_set.h"
@@ -94,8 +95,9 @@ void realign_once(const std::vector<int>& species, const PrivateDirectory& direc
     NexusAlignment result;
     std::string problem;
     own.reading.push_back(seconds([&] {
-        LineReader file(directory.path_of("region.nxs"));
-        problem = read_nexus(lines_of(file), result).what;
+        std::string text;
+        problem = read_whole_file(directory.path_of("region.nxs"), text);
+        if (problem.empty()) problem = read_nexus(text, result).what;
         if (problem.empty()) problem = problem_of(result, *sent).what;
     }));
     if (!problem.empty()) std::puts(problem.c_str());

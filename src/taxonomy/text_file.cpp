@@ -1,7 +1,10 @@
 // platform: whole text files in memory.
 #include "taxonomy/text_file.h"
 
+#include "core/large_pages.h"
 #include "screen/files.h"
+
+#include <sys/stat.h>
 
 #include <array>
 #include <cerrno>
@@ -11,9 +14,18 @@ namespace kq {
 
 namespace {
 
+// In bytes; 0 where that is not known.
+std::size_t size_of(const File& file)
+{
+    struct stat status {};
+    return fstat(fileno(file.get()), &status) == 0 ? static_cast<std::size_t>(status.st_size) : 0;
+}
+
 std::string rest_of(const File& file)
 {
     std::string text;
+    text.reserve(size_of(file));
+    prefer_large_pages(text.data(), text.capacity());
     std::array<char, 65536> piece;
     while (const std::size_t n = std::fread(piece.data(), 1, piece.size(), file.get()))
         text.append(piece.data(), n);
@@ -36,6 +48,9 @@ std::string read_whole_file(const std::string& path, std::string& text)
         return "Problem in opening file " + path + " (it is not a regular file)";
     const File file{std::fopen(path.c_str(), "rbe")};
     if (!file) return file_problem("Problem in opening file", path, errno);
+    // What is read whole is much shorter; rubbish may not be.
+    constexpr std::size_t longest = std::size_t{1} << 30;
+    if (size_of(file) > longest) return file_problem("Problem in reading file", path, EFBIG);
     text = rest_of(file);
     return std::ferror(file.get()) ? file_problem("Problem in reading file", path, errno) : "";
 }

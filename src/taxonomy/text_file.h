@@ -8,7 +8,7 @@ namespace kq {
 
 // The file's bytes. A file that cannot be opened is fatal (as everywhere).
 std::string read_text_file(const std::string& path);
-// The bytes of a regular file into `text`; empty on success, else what failed.
+// The bytes of a regular file, 1 GB at most, into `text`; empty on success, else what failed.
 std::string read_whole_file(const std::string& path, std::string& text);
 
 std::string_view without_carriage_return(std::string_view line);

@@ -85,78 +85,76 @@ Number leading_number(std::string_view text)
 
 class NexusReader {
 public:
-    NexusReader(const NextLine& next_line, NexusAlignment& alignment)
-        : source_(next_line)
+    NexusReader(std::string_view text, NexusAlignment& alignment)
+        : text_(text)
+        , left_(text)
         , alignment_(alignment)
     {
     }
 
     ResultProblem read()
     {
-        std::string head;
-        const bool has_matrix = collect_head(head);
-        if (read_head(head) && (has_matrix || refuse("it has no matrix")) && read_rows())
-            look_for_the_missing();
+        std::string_view head;
+        const bool has_matrix = take_head(head);
+        if (read_head(head) && (has_matrix || refuse("it has no matrix")) && find_rows()) join_rows();
         return std::move(problem_);
     }
 
 private:
-    // What is known of a row while it is read.
-    struct Progress {
-        std::size_t columns = 0; // read so far
-        std::size_t block = 0;   // the last one that had it, from 1
-    };
-
-    bool collect_head(std::string& head);
-    // False with the problem noted, as the next three.
+    bool take_head(std::string_view& head);
+    // False with the problem noted, as the next two.
     bool read_head(std::string_view head);
-    bool read_rows();
-    bool read_row(std::string_view line);
-    bool add_columns(std::size_t row, std::string_view text);
-    void look_for_the_missing();
+    bool find_rows();
+    bool find_row(std::string_view line);
+    void join_rows();
+    bool join_row(std::size_t row);
+    void look_for_the_fault(std::size_t row);
 
-    bool next_line(std::string_view& line)
-    {
-        line_number_++;
-        return source_(line);
-    }
     bool refuse(std::string what, int species = -1)
     {
         problem_ = {std::move(what), species};
         return false;
     }
-    bool refuse_line(const char* what) { return refuse(text_format("line %zu %s", line_number_, what)); }
+    // `at` is in the line.
+    bool refuse_line(const char* at, const char* what)
+    {
+        return refuse(text_format("line %td %s", 1 + std::count(text_.data(), at, '\n'), what));
+    }
 
-    const NextLine& source_;
+    const std::string_view text_;
+    std::string_view left_; // what has not been read of it
     NexusAlignment& alignment_;
     ResultProblem problem_;
-    std::size_t line_number_ = 0, rows_read_ = 0;
-    std::size_t row_count_ = 0;  // as announced
-    std::vector<int> row_of_;    // of a species, -1 = none yet
-    std::vector<Progress> rows_; // as many as announced
+    std::size_t row_count_ = 0, lines_found_ = 0; // rows as announced; their lines
+    std::vector<int> row_of_;                     // of a species, -1 = none yet
+    // What stands in the lines of the matrix behind the species, [block * row_count_ + row]; no data = not
+    // found yet.
+    std::vector<std::string_view> pieces_;
 };
 
 // The lines before the matrix; false when there is none.
-bool NexusReader::collect_head(std::string& head)
+bool NexusReader::take_head(std::string_view& head)
 {
     constexpr std::size_t longest = 100000; // of a text that may still be a head
-    std::string_view line;
-    while (head.size() < longest && next_line(line)) {
-        if (begins_with(line, "matrix")) return true;
-        (head += line) += '\n';
+    bool has_matrix = false;
+    while (!has_matrix && !left_.empty() && head.size() < longest) {
+        head = text_.substr(0, text_.size() - left_.size());
+        has_matrix = begins_with(take_line(left_), "matrix");
     }
-    return false;
+    if (!has_matrix) head = text_;
+    return has_matrix;
 }
 
 bool NexusReader::read_head(std::string_view head)
 {
-    const auto take_word = [&head](std::string_view word) {
-        head.remove_prefix(std::min(head.find_first_not_of(" \t\n"), head.size()));
+    constexpr std::string_view between = " \t\r\n";
+    const auto take_word = [&](std::string_view word) {
+        head.remove_prefix(std::min(head.find_first_not_of(between), head.size()));
         if (!begins_with(head, word)) return false;
         head.remove_prefix(word.size());
         return true;
     };
-    if (head.find_first_not_of(" \t\n") == std::string_view::npos) return refuse("it is empty");
+    if (head.find_first_not_of(between) == std::string_view::npos) return refuse("it is empty");
     for (const auto word : {"#NEXUS", "BEGIN", "DATA;", "dimensions", "ntax="})
         if (!take_word(word)) return refuse("it does not begin as a NEXUS alignment does");
     const auto take_number = [&head] {
@@ -174,31 +172,29 @@ bool NexusReader::read_head(std::string_view head)
     row_count_ = static_cast<std::size_t>(row_count);
     alignment_.length = static_cast<std::size_t>(length);
     alignment_.species.clear();
-    // Not touched before there are columns for it, whatever the head says.
-    alignment_.text = std::make_unique_for_overwrite<char[]>(row_count_ * alignment_.length);
-    prefer_large_pages(alignment_.text.get(), row_count_ * alignment_.length);
-    rows_.assign(row_count_, {});
     row_of_.assign(max_species, -1);
     return true;
 }
 
-bool NexusReader::read_rows()
+bool NexusReader::find_rows()
 {
-    std::string_view line;
-    while (next_line(line) && !line.starts_with(';')) {
-        if (!without_blanks_before(line).empty() && !read_row(line)) return false;
+    while (!left_.empty() && !left_.starts_with(';')) {
+        const std::string_view line = take_line(left_);
+        if (!without_blanks_before(line).empty() && !find_row(line)) return false;
     }
-    return true;
+    const std::size_t found = alignment_.species.size();
+    return found == row_count_ || refuse(text_format("it has %zu rows and announces %zu", found, row_count_));
 }
 
 // One row of a block; as many lines as there are rows are a block.
-bool NexusReader::read_row(std::string_view line)
+bool NexusReader::find_row(std::string_view line)
 {
-    if (!line.starts_with(row_prefix)) return refuse_line("is not the row of a species");
+    const char* const begin = line.data();
+    if (!line.starts_with(row_prefix)) return refuse_line(begin, "is not the row of a species");
     const auto [species, digits] = leading_number(line.substr(row_prefix.size()));
     line.remove_prefix(row_prefix.size() + digits);
     if (species < 0 || species >= max_species || line.empty() || !is_blank(line.front()))
-        return refuse_line("is not the row of a species");
+        return refuse_line(begin, "is not the row of a species");
 
     int& row = row_of_[static_cast<std::size_t>(species)];
     if (row < 0) {
@@ -207,61 +203,68 @@ bool NexusReader::read_row(std::string_view line)
             return refuse(text_format("it has more than the %zu rows that it announces", row_count_));
         alignment_.species.push_back(species);
     }
-    const auto index = static_cast<std::size_t>(row);
-    const std::size_t block = 1 + rows_read_++ / row_count_;
-    if (rows_[index].block == block) return refuse("comes again before all rows have come", species);
-    rows_[index].block = block;
-    return add_columns(index, without_blanks_before(line));
-}
-
-bool NexusReader::add_columns(std::size_t row, std::string_view text)
-{
-    std::size_t& columns = rows_[row].columns;
-    char* to = alignment_.text.get() + row * alignment_.length + columns;
-    const std::size_t room = alignment_.length - columns;
-    if (text.size() <= room && only_columns(text)) {
-        std::ranges::copy(text, to);
-        columns += text.size();
-        return true;
-    }
-    for (const char c : text) {
-        if (is_passed_over(c)) continue;
-        if (!is_column(c)) return refuse_line("has a character that is no residue");
-        if (columns == alignment_.length)
-            return refuse(text_format("is longer than the %zu columns announced", alignment_.length),
-                          alignment_.species[row]);
-        *to++ = c;
-        columns++;
-    }
+    if (lines_found_++ % row_count_ == 0) pieces_.resize(pieces_.size() + row_count_);
+    std::string_view& piece = pieces_[pieces_.size() - row_count_ + static_cast<std::size_t>(row)];
+    if (piece.data()) return refuse("comes again before all rows have come", species);
+    piece = without_blanks_before(line);
     return true;
 }
 
-void NexusReader::look_for_the_missing()
+void NexusReader::join_rows()
 {
-    if (alignment_.species.size() < row_count_) {
-        refuse(text_format("it has %zu rows and announces %zu", alignment_.species.size(), row_count_));
-        return;
-    }
+    alignment_.text = std::make_unique_for_overwrite<char[]>(row_count_ * alignment_.length);
+    prefer_large_pages(alignment_.text.get(), row_count_ * alignment_.length);
+    std::vector<char> joined(row_count_);
+#pragma omp parallel for schedule(static) if (row_count_ > 100)
     for (std::size_t row = 0; row < row_count_; row++)
-        if (rows_[row].columns < alignment_.length)
-            refuse(text_format("has %zu of the %zu columns announced", rows_[row].columns, alignment_.length),
-                   alignment_.species[row]);
+        joined[row] = join_row(row);
+    if (const auto faulty = std::ranges::find(joined, 0); faulty != joined.end())
+        look_for_the_fault(static_cast<std::size_t>(faulty - joined.begin()));
+}
+
+// False when its pieces are not the columns announced.
+bool NexusReader::join_row(std::size_t row)
+{
+    char* to = alignment_.text.get() + row * alignment_.length;
+    char* const end = to + alignment_.length;
+    for (std::size_t i = row; i < pieces_.size(); i += row_count_) {
+        const std::string_view piece = pieces_[i];
+        if (std::ssize(piece) <= end - to && only_columns(piece)) {
+            to = std::ranges::copy(piece, to).out;
+            continue;
+        }
+        for (const char c : piece) {
+            if (is_passed_over(c)) continue;
+            if (to == end || !is_column(c)) return false;
+            *to++ = c;
+        }
+    }
+    return to == end;
+}
+
+void NexusReader::look_for_the_fault(std::size_t row)
+{
+    std::size_t columns = 0;
+    for (std::size_t i = row; i < pieces_.size(); i += row_count_)
+        for (const char& c : pieces_[i]) {
+            if (is_passed_over(c)) continue;
+            if (!is_column(c)) {
+                refuse_line(&c, "has a character that is no residue");
+                return;
+            }
+            columns++;
+        }
+    refuse(columns > alignment_.length
+               ? text_format("is longer than the %zu columns announced", alignment_.length)
+               : text_format("has %zu of the %zu columns announced", columns, alignment_.length),
+           alignment_.species[row]);
 }
 
 } // namespace
 
-NextLine lines_of(LineReader& file)
+ResultProblem read_nexus(std::string_view text, NexusAlignment& alignment)
 {
-    return [&file](std::string_view& line) {
-        const auto status = file.next(line, LineReader::max_limit);
-        line = without_carriage_return(line);
-        return status != LineReader::Status::end && status != LineReader::Status::failed;
-    };
-}
-
-ResultProblem read_nexus(const NextLine& next_line, NexusAlignment& alignment)
-{
-    return NexusReader(next_line, alignment).read();
+    return NexusReader(text, alignment).read();
 }
 
 } // namespace kq

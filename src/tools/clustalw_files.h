@@ -1,10 +1,7 @@
 // format: what ClustalW is called with, and the NEXUS alignment that it writes.
 #pragma once
 
-#include "core/line_reader.h"
-
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -31,15 +28,9 @@ struct NexusAlignment {
     std::string_view row(std::size_t index) const { return {text.get() + index * length, length}; }
 };
 
-// Hands out the lines of a text, without their line ends, one a call; false after the last one.
-using NextLine = std::function<bool(std::string_view& line)>;
-// Those of a file, which has to outlive this; one that is longer than the longest line that could be read
-// back is cut.
-NextLine lines_of(LineReader& file);
-
 // Reads a NEXUS alignment as ClustalW writes it: the numbers of rows and columns, then blocks of the rows
 // "lcl|%d   RESIDUES-" up to a line that begins with ";" or the end. Any bytes may come; where there is a
 // problem, `alignment` is not to be used.
-ResultProblem read_nexus(const NextLine& next_line, NexusAlignment& alignment);
+ResultProblem read_nexus(std::string_view text, NexusAlignment& alignment);
 
 } // namespace kq

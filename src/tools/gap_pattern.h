@@ -6,7 +6,8 @@
 
 namespace kq {
 
-// Whether a row that a program has aligned holds these residues between its "-", apart from their case.
+// Whether an aligned row, of letters and "-" only, holds these residues between its "-", apart from their
+// case.
 bool has_residues(std::string_view aligned, std::string_view residues);
 
 // Writes the residues, in their own case, where the aligned row has its own, and "*" elsewhere in the region,

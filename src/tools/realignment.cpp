@@ -2,7 +2,6 @@
 #include "tools/realignment.h"
 
 #include "analysis/progress.h"
-#include "core/line_reader.h"
 #include "core/store.h"
 #include "editor/editing.h"
 #include "editor/navigation.h"
@@ -18,6 +17,7 @@
 #include "screen/prompt_field.h"
 #include "screen/strings.h"
 #include "screen/text.h"
+#include "taxonomy/text_file.h"
 #include "tools/clustalw_files.h"
 #include "tools/sent_region.h"
 
@@ -103,10 +103,9 @@ std::string sentence_about(const ResultProblem& problem)
 
 std::string read_result(const std::string& path, const SentRegion& sent, NexusAlignment& aligned)
 {
-    LineReader file(path);
-    if (!file.opened()) return file.error();
-    ResultProblem problem = read_nexus(lines_of(file), aligned);
-    if (!file.error().empty()) return file.error();
+    std::string text;
+    if (std::string failed = read_whole_file(path, text); !failed.empty()) return failed;
+    ResultProblem problem = read_nexus(text, aligned);
     if (problem.what.empty()) problem = problem_of(aligned, sent);
     return problem.what.empty() ? "" : sentence_about(problem);
 }

@@ -1,5 +1,4 @@
 // What ClustalW writes, read from good and from damaged texts.
-#include "taxonomy/text_file.h"
 #include "tools/clustalw_files.h"
 
 #include <gtest/gtest.h>
@@ -16,17 +15,6 @@ const std::string head = "#NEXUS\nBEGIN DATA;\ndimensions ntax=2 nchar=5;\n",
                            "interleave datatype=DNA gap= -;\n\n";
 const std::string good =
     head + format + "matrix\nlcl|7       AC-\nlcl|12      ACG\n\nlcl|7       -U\nlcl|12      -U\n;\nend;\n";
-
-ResultProblem read_text(std::string_view text, NexusAlignment& alignment)
-{
-    return read_nexus(
-        [&text](std::string_view& line) {
-            const bool more = !text.empty();
-            line = take_line(text);
-            return more;
-        },
-        alignment);
-}
 
 std::map<int, std::string> rows_of(const NexusAlignment& alignment)
 {
@@ -60,7 +48,7 @@ TEST(ClustalwFiles, AlignmentsAreReadInEveryForm)
     };
     for (const auto& text : texts) {
         NexusAlignment alignment;
-        EXPECT_EQ(read_text(text, alignment).what, "") << text;
+        EXPECT_EQ(read_nexus(text, alignment).what, "") << text;
         EXPECT_EQ(rows_of(alignment), rows) << text;
     }
 }
@@ -99,7 +87,7 @@ TEST(ClustalwFiles, WhatIsWrongIsSaid)
     };
     for (const auto& c : cases) {
         NexusAlignment alignment;
-        const ResultProblem problem = read_text(c.text, alignment);
+        const ResultProblem problem = read_nexus(c.text, alignment);
         EXPECT_EQ(problem.what, c.what) << c.text;
         EXPECT_EQ(problem.species, c.species) << c.text;
     }
@@ -116,7 +104,7 @@ TEST(ClustalwFiles, DamageIsFoundOrHarmless)
                 random() % 5 ? "\n\r ;-0179Aal|#"[random() % 15] : static_cast<char>(random());
         if (random() % 2) text.resize(random() % (text.size() + 1));
         NexusAlignment alignment;
-        if (!read_text(text, alignment).what.empty()) continue;
+        if (!read_nexus(text, alignment).what.empty()) continue;
         for (const auto& [species, row] : rows_of(alignment)) {
             ASSERT_EQ(row.size(), alignment.length);
             ASSERT_TRUE(std::ranges::all_of(row, [](char c) { return std::isalpha(c) || c == '-'; })) << text;
