@@ -6,6 +6,7 @@
 #include "analysis/arn_distances.h"
 #include "analysis/distance_matrix.h"
 #include "analysis/nj_tree.h"
+#include "analysis/output_file.h"
 #include "analysis/output_names.h"
 #include "analysis/outputs.h"
 #include "analysis/parameter_box.h"
@@ -17,7 +18,9 @@
 #include "screen/dialogs.h"
 #include "screen/files.h"
 #include "screen/system_memory.h"
+#include "screen/text.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <new>
 #include <string_view>
@@ -113,12 +116,16 @@ constexpr Step steps[] = {
 };
 // clang-format on
 
-void run_steps()
+bool run_steps()
 {
-    if (nb_spec_auto < species_of_least_tree)
-        affich_avert("A tree needs at least three species", warning_line);
-    for (const Step& step : steps)
-        if (step.level <= type_auto && !step.run()) return;
+    return std::ranges::all_of(steps, [](const Step& step) { return step.level > type_auto || step.run(); });
+}
+
+void warn_of_missing_tree()
+{
+    const ScreenCopy covered;
+    affich_avert("A tree needs at least three species", warning_line);
+    covered.put_back();
 }
 
 // ---- what is known before it starts -----------------------------------------------------------------------
@@ -157,11 +164,15 @@ void tout_auto()
     if (!memory_suffices()) return warn_of_memory();
     if (const auto problem = outputs_problem(planned_outputs(type_auto)); !problem.empty())
         return affich_avert(problem, warning_line);
+    if (nb_spec_auto < species_of_least_tree) warn_of_missing_tree();
+    auto outputs = Outputs::stopped;
+    begin_outputs();
     try {
-        run_steps();
+        if (run_steps()) outputs = Outputs::complete;
     } catch (const std::bad_alloc&) { // another program has taken it in the meantime
         warn_of_memory();
     }
+    end_outputs(outputs);
 }
 
 } // namespace kq

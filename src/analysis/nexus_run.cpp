@@ -3,6 +3,7 @@
 
 #include "analysis/analysed.h"
 #include "analysis/analysis_start.h"
+#include "analysis/output_file.h"
 #include "analysis/output_names.h"
 #include "analysis/outputs.h"
 #include "analysis/parameters.h"
@@ -30,6 +31,13 @@ std::string nexus_problem()
     return outputs_problem(planned);
 }
 
+bool write_both_files()
+{
+    if (!write_file_NB('s')) return false;
+    nomfic = with_extension(nomfic, ".nex");
+    return write_nexus_file();
+}
+
 // Starts PAUP on the file; what the user is to know.
 std::string run_paup(const std::string& nexus_file)
 {
@@ -53,9 +61,10 @@ void write_nexus()
     if (const std::string problem = nexus_problem(); !problem.empty())
         return affich_avert(problem, warning_line);
     type_parci = 0;
-    if (!write_file_NB('s')) return;
-    nomfic = with_extension(nomfic, ".nex");
-    if (write_nexus_file()) affich_avert(run_paup(nomfic), warning_line);
+    begin_outputs();
+    const bool complete = write_both_files();
+    if (complete) affich_avert(run_paup(nomfic), warning_line);
+    end_outputs(complete ? Outputs::complete : Outputs::stopped);
 }
 
 std::vector<std::string> paup_command(const std::string& paup, const std::string& nexus_file)

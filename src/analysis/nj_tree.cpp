@@ -145,9 +145,10 @@ bool sauve_int(const nodenj* node, const PutText& put)
 bool calcul_arbre()
 {
     if (nb_spec_auto < species_of_least_tree) return true;
+    const ScreenCopy covered;
     affich_progress("COMPUTING THE NJ TREE", box_line, box_left, box_right, color::yellow);
     const auto tree = join_neighbors(dist, nb_spec_auto, [](std::int64_t) { return go_on(); });
-    _clearscreen(1);
+    covered.put_back();
     if (!tree) return false;
 
     const TreeInUse in_use(*tree);

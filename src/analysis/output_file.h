@@ -1,9 +1,11 @@
 // screen: a file of an analysis while it is written.
 #pragma once
 
+#include "analysis/progress.h"
 #include "analysis/put_text.h"
 #include "screen/background_file.h"
 
+#include <string>
 #include <string_view>
 
 namespace kq {
@@ -24,7 +26,15 @@ public:
     bool commit();
 
 private:
+    const std::string name_;
+    FileProgress progress_;
     BackgroundFile file_;
 };
+
+// Between its two ends an analysis keeps the names of the files that it completes.
+void begin_outputs();
+// Leaves a notice of these files; `stopped`: there should have been more.
+enum class Outputs { complete, stopped };
+void end_outputs(Outputs outputs);
 
 } // namespace kq

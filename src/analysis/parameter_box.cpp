@@ -67,7 +67,7 @@ public:
             if (pressed == key::up && at_ > 0) at_--;
             if (pressed == key::enter || pressed == key::down) go_on();
         }
-        _clearscreen(1);
+        covered_.put_back();
         return at_ == fields_.size();
     }
 
@@ -96,6 +96,7 @@ private:
         if (!refused_) at_++;
     }
 
+    const ScreenCopy covered_;
     std::array<Field, 3> fields_{{
         {"Level of complexity (1-2-3):", 32, level_is_valid, "1, 2 or 3", text_format("%d", default_level)},
         {"Percent for removing positions: ", 35, percent_is_valid, "0 to 100",

@@ -2,9 +2,10 @@
 #include "analysis/progress.h"
 
 #include "raster/grx.h"
+#include "screen/dialogs.h"
 #include "screen/strings.h"
-#include "screen/text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kq {
@@ -14,6 +15,9 @@ namespace {
 constexpr int figure_column = 3;
 // From so many pairs on a percentage has a decimal.
 constexpr std::int64_t many_pairs = 100000;
+
+constexpr int file_line = 8;
+constexpr auto unnoticed = std::chrono::milliseconds(200); // for so long nobody misses a box
 
 std::function<bool()> escape_pressed;
 
@@ -42,7 +46,7 @@ DistanceProgress::DistanceProgress(std::int64_t pairs)
 
 DistanceProgress::~DistanceProgress()
 {
-    _clearscreen(1);
+    covered_.put_back();
 }
 
 bool DistanceProgress::show(std::int64_t done)
@@ -57,6 +61,29 @@ bool DistanceProgress::show(std::int64_t done)
                        decimal ? text_format("%2d.%1d", whole, tenth) : text_format("%2d", whole));
     }
     return go_on();
+}
+
+FileProgress::FileProgress(std::string name)
+    : name_(std::move(name))
+    , due_(std::chrono::steady_clock::now() + unnoticed)
+{
+}
+
+bool FileProgress::show()
+{
+    if (!covered_ && std::chrono::steady_clock::now() >= due_) {
+        covered_.emplace();
+        const std::string message = "WRITING " + name_;
+        const int width = static_cast<int>(message.size()) + 3, left = std::max(1, (_nb_col - width) / 2);
+        affich_progress(message, file_line, left, left + width, color::yellow);
+    }
+    return go_on();
+}
+
+void FileProgress::close()
+{
+    if (covered_) covered_->put_back();
+    covered_.reset();
 }
 
 } // namespace kq

@@ -2,9 +2,13 @@
 #pragma once
 
 #include "analysis/report.h"
+#include "screen/text.h"
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
+#include <optional>
+#include <string>
 
 namespace kq {
 
@@ -17,7 +21,7 @@ void set_escape(std::function<bool()> pressed);
 class DistanceProgress {
 public:
     explicit DistanceProgress(std::int64_t pairs);
-    ~DistanceProgress(); // clears the box
+    ~DistanceProgress(); // what the box covered is back
     DistanceProgress(const DistanceProgress&) = delete;
     DistanceProgress& operator=(const DistanceProgress&) = delete;
 
@@ -29,7 +33,27 @@ public:
     }
 
 private:
+    const ScreenCopy covered_;
     std::int64_t pairs_, permille_ = 0;
+};
+
+// The box with the name of a file that is being written, from the moment on that it takes long.
+class FileProgress {
+public:
+    explicit FileProgress(std::string name);
+    ~FileProgress() { close(); }
+    FileProgress(const FileProgress&) = delete;
+    FileProgress& operator=(const FileProgress&) = delete;
+
+    // False as in go_on().
+    bool show();
+    // What the box covered is back.
+    void close();
+
+private:
+    const std::string name_;
+    std::chrono::steady_clock::time_point due_;
+    std::optional<ScreenCopy> covered_; // while the box stands
 };
 
 } // namespace kq

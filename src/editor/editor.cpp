@@ -5,7 +5,7 @@
 #include "editor/display.h"
 #include "editor/navigation.h"
 #include "editor/view.h"
-#include "raster/grx.h"
+#include "screen/notice.h"
 
 #include <algorithm>
 
@@ -73,7 +73,7 @@ const Binding<EditorAction>* ModeKeys::find(int key) const
 int read_key_at_cursor()
 {
     affich_nuc_site(true);
-    const int pressed = GrKeyRead();
+    const int pressed = read_key_with_notice();
     affich_nuc_site(false);
     return pressed;
 }

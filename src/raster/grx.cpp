@@ -306,6 +306,19 @@ int GrPixel(int x, int y)
     return screen().surface.pixel(x, y);
 }
 
+std::vector<GrColor> GrCopyPixels()
+{
+    const auto pixels = screen().surface.pixels();
+    return {pixels.begin(), pixels.end()};
+}
+
+void GrPutPixels(const std::vector<GrColor>& pixels)
+{
+    auto& surface = screen().surface;
+    assert(pixels.size() == surface.pixels().size());
+    surface.put(pixels);
+}
+
 void GrLine(int x1, int y1, int x2, int y2, GrColor color)
 {
     screen().surface.line(x1, y1, x2, y2, color);

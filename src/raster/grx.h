@@ -13,6 +13,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kq {
 
@@ -59,6 +60,8 @@ void GrQueryColor(GrColor color, int* red, int* green, int* blue);
 void GrClearScreen(GrColor color);
 void GrPlot(int x, int y, GrColor color);
 int GrPixel(int x, int y);                                       // colour value, or -1 outside the screen
+std::vector<GrColor> GrCopyPixels();                             // all of the screen, row after row
+void GrPutPixels(const std::vector<GrColor>& pixels);            // of a screen of the same size
 void GrLine(int x1, int y1, int x2, int y2, GrColor color);      // both ends included
 void GrBox(int x1, int y1, int x2, int y2, GrColor color);       // outline, corners included
 void GrFilledBox(int x1, int y1, int x2, int y2, GrColor color); // corners included

@@ -52,6 +52,18 @@ int Surface::pixel(int x, int y) const
     return pixels_[start(y) + size_of(x)];
 }
 
+void Surface::put(std::span<const Pixel> pixels)
+{
+    for (int y = 0; y < height_; y++) {
+        const auto from = pixels.subspan(start(y), size_of(width_));
+        const auto to = row(y);
+        const auto first = std::ranges::mismatch(from, to).in1 - from.begin();
+        if (first == width_) continue;
+        std::ranges::copy(from, to.begin());
+        damage_.add({static_cast<int>(first), y, width_ - static_cast<int>(first), 1});
+    }
+}
+
 void Surface::clear(Pixel colour)
 {
     paint(bounds(), colour);

@@ -29,7 +29,10 @@ public:
     }
     // For painting something temporary: changes through it are not noted.
     std::span<Pixel> row(int y) { return {pixels_.data() + start(y), static_cast<std::size_t>(width_)}; }
-    int pixel(int x, int y) const; // -1 outside
+    int pixel(int x, int y) const;                            // -1 outside
+    std::span<const Pixel> pixels() const { return pixels_; } // row after row
+    // Takes those of a surface of the same size; notes only what differs.
+    void put(std::span<const Pixel> pixels);
 
     void clear(Pixel colour);
     void plot(int x, int y, Pixel colour);

@@ -285,6 +285,21 @@ void window_hp(int l1, int c1, int l2, int c2, int c)
     _lineto(left, top);
 }
 
+ScreenCopy::ScreenCopy()
+    : width_(GrSizeX())
+    , height_(GrSizeY())
+    , cells_(grid.cells)
+    , pixels_(GrCopyPixels())
+{
+}
+
+void ScreenCopy::put_back() const
+{
+    if (width_ != GrSizeX() || height_ != GrSizeY() || cells_.size() != grid.cells.size()) return;
+    grid.cells = cells_;
+    GrPutPixels(pixels_);
+}
+
 // ---- the block cursor -------------------------------------------------------------------------------------
 
 void _display_cursor(int l, int c)

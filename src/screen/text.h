@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kq {
 
@@ -87,6 +88,19 @@ struct Box {
 };
 // The box moved, and where it is too large cut, so that it lies on the screen: where window_hp puts it.
 Box fit_box(Box box);
+
+// The screen as it was when this was made, for what boxes have covered since and nobody draws again.
+class ScreenCopy {
+public:
+    ScreenCopy();
+    // Does nothing when the window has been opened anew, in another size.
+    void put_back() const;
+
+private:
+    int width_, height_; // in pixels
+    std::vector<Cell> cells_;
+    std::vector<unsigned char> pixels_;
+};
 
 // ---- the block cursor -------------------------------------------------------------------------------------
 

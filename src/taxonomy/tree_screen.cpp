@@ -5,9 +5,9 @@
 #include "core/edit.h"
 #include "core/shutdown.h"
 #include "core/store.h"
-#include "raster/grx.h"
 #include "screen/dialogs.h"
 #include "screen/help.h"
+#include "screen/notice.h"
 #include "screen/strings.h"
 #include "screen/text.h"
 #include "screen/window.h"
@@ -85,7 +85,7 @@ int TreeScreen::run()
     draw(TreeRedraw::screen);
     while (!result_) {
         affich_nb_retenu();
-        const auto* binding = tree_keys.find(GrKeyRead());
+        const auto* binding = tree_keys.find(read_key_with_notice());
         if (!binding) continue;
         const TreeRedraw redraw = (this->*binding->run)();
         check_invariants();

@@ -7,6 +7,8 @@
 #include "core/store.h"
 #include "screen/system_memory.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <map>
@@ -106,10 +108,38 @@ TEST_F(AnalysisRun, NothingIsLeftOnTheScreen)
             const std::string screen = screen_dump();
             for (const auto& rest : {level(1), std::string("Esc")}) {
                 EXPECT_EQ(run(before + keys + rest), Ending::script_ended);
+                EXPECT_EQ(shows("Written to"), rest != "Esc");
+                EXPECT_EQ(run(before + keys + rest + " Q"), Ending::script_ended);
                 EXPECT_EQ(screen_dump(), screen) << keys << rest;
             }
         }
     }
+}
+
+TEST_F(AnalysisRun, ABoxCoversNoMoreThanItself)
+{
+    const auto all_lines = [] {
+        Names lines;
+        for (int i = 1; i <= _nb_line; i++)
+            lines.push_back(screen_line(i));
+        return lines;
+    };
+    EXPECT_EQ(run(open_small + select_all + finish), Ending::script_ended);
+    const Names before = all_lines();
+    bool slow_writing_seen = false;
+    set_escape([&] {
+        const Names now = all_lines();
+        int covered = 0;
+        for (std::size_t i = 0; i < before.size(); i++)
+            covered += now[i] != before[i];
+        EXPECT_LE(covered, 3) << screen_dump();
+        slow_writing_seen |= shows("WRITING ssu_small-0.mat");
+        if (has_file("work/ssu_small-0.nbm") && !slow_writing_seen) usleep(250000); // a slow disk
+        return false;
+    });
+    EXPECT_EQ(play(level(1), tout_auto).ending, Ending::returned);
+    EXPECT_TRUE(slow_writing_seen);
+    EXPECT_EQ(all_lines(), before);
 }
 
 TEST_F(AnalysisRun, WithoutAnySpeciesTheTreeWarns)

@@ -3,6 +3,7 @@
 #include "raster/grx.h"
 #include "screen/directories.h"
 #include "screen/files.h"
+#include "screen/notice.h"
 #include "screen/process_end.h"
 #include "screen/window.h"
 
@@ -70,6 +71,7 @@ ScreenSession::ScreenSession(const Geometry& geometry)
     set_end_handler([](int status) { throw ProgramEnd{status}; });
     set_rescue(nullptr);
     set_clock(nullptr);
+    leave_notice("");
     init_dir();
     GrMemoryScript("");
     open(geometry);
