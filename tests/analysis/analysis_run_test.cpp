@@ -165,12 +165,6 @@ TEST_F(AnalysisRun, TooFewSpeciesForTreesGiveTheOtherFiles)
     EXPECT_EQ(names_of(take_files()), names);
 }
 
-TEST_F(AnalysisRun, EscapeInTheBoxWritesNothing)
-{
-    EXPECT_EQ(run(open_small + select_all + finish + "F7 BackSpace 3 Enter*2 Esc"), Ending::script_ended);
-    EXPECT_EQ(take_files().size(), 0U);
-}
-
 // ESCAPE sooner or later: at the n-th moment at which somebody looks for it.
 TEST_F(AnalysisRun, EscapeLeavesCompleteFilesOnly)
 {

@@ -8,7 +8,6 @@
 #include "support/plain_analysis.h"
 #include "taxonomy/frame_files.h"
 
-#include <chrono>
 #include <filesystem>
 #include <initializer_list>
 #include <random>
@@ -138,10 +137,7 @@ protected:
         file_COL = analysis.colours;
         file_NOM = analysis.groups;
         write_file("seq/" + file_ALI, "#\n#\n>a\nA\n");
-        const std::chrono::seconds written{1136214245}; // 2 January 2006, 15 hours 4
-        std::filesystem::last_write_time(
-            path("seq/" + file_ALI),
-            std::filesystem::file_time_type::clock::from_sys(std::chrono::sys_seconds{written}));
+        set_file_time("seq/" + file_ALI, 1136214245); // 2 January 2006, 15 hours 4
         std::string matrix;
         for (const auto& row : analysis.identity) {
             for (const double weight : row)

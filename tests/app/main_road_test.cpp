@@ -44,24 +44,6 @@ std::string keys(std::initializer_list<std::string_view> parts)
 
 } // namespace
 
-TEST_F(MainRoad, AGapIsSavedAndNothingElseChanges)
-{
-    const std::string before = read_file("seq/ovomucoid.ali");
-    ASSERT_FALSE(before.empty());
-    EXPECT_EQ(run(keys({open_ovomucoid, select_all_unnamed, "Right*4 \"*\" F5 Esc \"Y\""})),
-              Ending::program_ended);
-    EXPECT_EQ(played_.status, 0);
-
-    const std::string after = read_file("seq/ovomucoid.ali");
-    EXPECT_TRUE(read_file("seq/ovomucoid.bak") == before);
-    EXPECT_EQ(after.size(), before.size() + 1) << "the row ended in a residue: the alignment grew";
-    const auto star = static_cast<std::size_t>(
-        std::mismatch(before.begin(), before.end(), after.begin()).second - after.begin());
-    EXPECT_EQ(after[star], '*');
-    EXPECT_TRUE(after.substr(star + 1) == before.substr(star));
-    EXPECT_FALSE(has_file("seq/KQ_SAUVE.TMP"));
-}
-
 TEST_F(MainRoad, SavingWithoutAnEditKeepsEveryByteButTheMarksOfNewSequences)
 {
     const std::string before = read_file("seq/ssu_small.ali");

@@ -26,7 +26,7 @@ public:
             EXPECT_EQ(edit(c.keys).ending, test::Ending::script_ended) << c.what;
             EXPECT_EQ(sequences(), c.after) << c.what;
             EXPECT_EQ(changed(), c.is_changed) << c.what;
-            EXPECT_EQ(view_error() + store_error() + columns_error(), "") << c.what;
+            EXPECT_EQ(model_error(), "") << c.what;
         }
     }
 };
@@ -205,5 +205,5 @@ TEST_F(EditingTest, RowsOfOtherLengthsStayWhole)
     EXPECT_EQ(residues, "ACGCCT");
     edit("X Y Enter"); // shortened on the right, the text beyond goes too
     EXPECT_EQ(sequence(0), "XXX" + std::string(static_cast<std::size_t>(nb_nuc_tot) - 3, ' '));
-    EXPECT_EQ(view_error() + store_error() + columns_error(), "");
+    EXPECT_EQ(model_error(), "");
 }

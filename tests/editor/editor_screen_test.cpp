@@ -196,7 +196,7 @@ TEST_F(EditorScreenTest, NoKeyBreaksTheEditor)
             enter();
             affich_menu_affich_seq();
             do
-                ASSERT_EQ(view_error() + store_error() + columns_error(), "");
+                ASSERT_EQ(model_error(), "");
             while (gere_affich_seq() == 0);
         });
         ASSERT_FALSE(HasFailure()) << "round " << round << ": " << script;

@@ -121,6 +121,7 @@ public:
             rows.push_back(sequence(species));
         return rows;
     }
+    static std::vector<int> ensemble(int number) { return {members(number).begin(), members(number).end()}; }
     // The rows of an ensemble, in its order.
     static plain::Texts texts(int ensemble)
     {
@@ -130,6 +131,8 @@ public:
         return rows;
     }
     static bool changed() { return modif == 0; }
+    // The first broken rule of view, store and counts, or "".
+    static std::string model_error() { return view_error() + store_error() + columns_error(); }
     // The residues of a screen row as they stand in the area.
     std::string area(int row) const { return line(row).size() < 30 ? "" : line(row).substr(29); }
 };

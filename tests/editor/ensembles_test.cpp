@@ -14,12 +14,10 @@ namespace {
 
 class Ensembles : public EditorTest {
 public:
-    static std::vector<int> list(int e) { return {members(e).begin(), members(e).end()}; }
     static std::string consensus(int e)
     {
         return plain::ensemble_consensus(texts(e), nb_nuc_tot, type_seq, caractere).characters;
     }
-    static std::string errors() { return view_error() + store_error() + columns_error(); }
 };
 
 const std::vector<std::string> six_rows = {"ACGTACGT*A", "ACGAACGT*A", "TTTTACG**A",
@@ -91,7 +89,7 @@ TEST_F(Ensembles, DiscardingRenumbersTheOthers)
     EXPECT_TRUE(shows("gap columns are shown"));
     edit("F6 Enter Q");
     EXPECT_EQ(nb_spec_affich, 0);
-    EXPECT_EQ(errors(), "");
+    EXPECT_EQ(model_error(), "");
 }
 
 TEST_F(Ensembles, AreSortedByByteOrder)
@@ -101,13 +99,13 @@ TEST_F(Ensembles, AreSortedByByteOrder)
     for (int s = 0; s < 6; s++)
         set_identifier(s, names[s]);
     edit("Down T Down Enter");
-    EXPECT_EQ(list(1), (std::vector{4, 1, 2, 3, 0, 5})) << "the two bees keep their order";
-    EXPECT_EQ(list(0), (std::vector{3, 1, 0}));
+    EXPECT_EQ(ensemble(1), (std::vector{4, 1, 2, 3, 0, 5})) << "the two bees keep their order";
+    EXPECT_EQ(ensemble(0), (std::vector{3, 1, 0}));
     EXPECT_EQ(cursor_row(), (DisplayRow{0, 1}));
     edit("T Escape F6 Down Enter T");
-    EXPECT_EQ(list(0), (std::vector{1, 3, 0})) << "the only ensemble is not asked for";
+    EXPECT_EQ(ensemble(0), (std::vector{1, 3, 0})) << "the only ensemble is not asked for";
     EXPECT_FALSE(changed());
-    EXPECT_EQ(errors(), "");
+    EXPECT_EQ(model_error(), "");
 }
 
 TEST_F(Ensembles, AreBuiltAnewOnTheTree)
@@ -117,11 +115,11 @@ TEST_F(Ensembles, AreBuiltAnewOnTheTree)
     read_frame_of_three_groups();
     // The cursor is elsewhere; the new list replaces the old one and the name stays.
     edit("F4 Down Enter Down Right*4 F2 Down Enter Home F2 F3");
-    EXPECT_EQ(list(1), (std::vector{2, 3, 0, 1, 4, 5})) << "the old members come first";
+    EXPECT_EQ(ensemble(1), (std::vector{2, 3, 0, 1, 4, 5})) << "the old members come first";
     EXPECT_STREQ(ens_names[1], "ensemble B");
     EXPECT_EQ(cursor_row(), (DisplayRow{0, 0}));
     EXPECT_EQ(nb_spec_affich, 3);
-    EXPECT_EQ(errors(), "");
+    EXPECT_EQ(model_error(), "");
 
     mark_changed();
     const auto refused = edit("* F2 Enter S-F1 Escape Q");
@@ -129,7 +127,7 @@ TEST_F(Ensembles, AreBuiltAnewOnTheTree)
     EXPECT_TRUE(changed());
     const auto left = edit("F2 Enter S-F1 N Y");
     EXPECT_EQ(left.ending, Ending::returned);
-    EXPECT_EQ(list(0), (std::vector{0, 1})) << "as it was";
+    EXPECT_EQ(ensemble(0), (std::vector{0, 1})) << "as it was";
 }
 
 // Create, rebuild, discard, collapse, sort and edit at random; a species may be in several ensembles. What
@@ -175,7 +173,7 @@ TEST_F(Ensembles, AnyOrderOfCommandsKeepsEverythingConsistent)
                 }
             });
             ASSERT_EQ(played.ending, Ending::script_ended);
-            ASSERT_EQ(errors(), "");
+            ASSERT_EQ(model_error(), "");
             if (keys.starts_with("F4") || keys.starts_with("F2")) compute(e);
             if (keys.starts_with("F3")) slots[static_cast<std::size_t>(nb_ens - 1)].clear();
             for (int k = 0; keys.ends_with("*") && k < nb_ens; k++)

@@ -6,14 +6,7 @@ using test::EditorTest;
 
 namespace {
 
-class SpeciesTest : public EditorTest {
-public:
-    std::vector<int> ensemble(int e) const { return {members(e).begin(), members(e).end()}; }
-    void expect_whole(const char* what) const
-    {
-        EXPECT_EQ(view_error() + store_error() + columns_error(), "") << what;
-    }
-};
+using SpeciesTest = EditorTest;
 
 } // namespace
 
@@ -27,7 +20,7 @@ TEST_F(SpeciesTest, ADeletedSpeciesIsKeptInTheRejectsFile)
     EXPECT_TRUE(changed());
     EXPECT_EQ(ensemble(0), (std::vector{1, 2}));
     EXPECT_EQ(nb_spec, 3);
-    expect_whole("deleted");
+    EXPECT_EQ(model_error(), "") << "deleted";
 
     edit("A-BackSpace Y Up Enter"); // the last reason: without the file
     EXPECT_EQ(read_file("seq/test.non"), rejected);
@@ -37,7 +30,7 @@ TEST_F(SpeciesTest, ADeletedSpeciesIsKeptInTheRejectsFile)
     edit("Down*2 A-BackSpace Y Enter"); // of the second ensemble
     EXPECT_EQ(read_file("seq/test.non"), rejected + "#Sequencing errors with redondancy\n>Genus_c species@3\n"
                                                     "GGGGGG\n");
-    expect_whole("third");
+    EXPECT_EQ(model_error(), "") << "third";
 }
 
 TEST_F(SpeciesTest, ARejectsFileThatCannotBeWrittenKeepsTheSpecies)
@@ -68,7 +61,7 @@ TEST_F(SpeciesTest, TheLastRowOnDisplayIsNeverTakenAway)
     edit("A-BackSpace Q Y Enter"); // the warning, and on
     EXPECT_EQ(ensemble(0), std::vector<int>());
     EXPECT_EQ(cursor_row(), (DisplayRow{1, 0}));
-    expect_whole("an empty ensemble");
+    EXPECT_EQ(model_error(), "") << "an empty ensemble";
 }
 
 TEST_F(SpeciesTest, CursorAndTopRowFindNewPlaces)
@@ -94,7 +87,7 @@ TEST_F(SpeciesTest, CursorAndTopRowFindNewPlaces)
         EXPECT_EQ(cursor_row(), (DisplayRow{0, c.cursor})) << c.what;
         EXPECT_EQ(ligne_curs, c.row) << c.what;
         EXPECT_FALSE(changed()) << c.what;
-        expect_whole(c.what);
+        EXPECT_EQ(model_error(), "") << c.what;
     }
 }
 
@@ -107,12 +100,12 @@ TEST_F(SpeciesTest, AnEnsembleCollapsesAndExpands)
     EXPECT_EQ(line(1).substr(0, 14), " 1: ensemble A");
     EXPECT_EQ(std::string(seq_cons[0]), "ACGT"); // T before A: the lower code wins
     EXPECT_EQ(cursor_row(), (DisplayRow{0, 0}));
-    expect_whole("collapsed");
+    EXPECT_EQ(model_error(), "") << "collapsed";
     edit("Down E E E E"); // the other one too, then the first one, there and back
     EXPECT_TRUE(collapsed(1));
     EXPECT_FALSE(collapsed(0));
     EXPECT_EQ(nb_spec_affich, 3);
-    expect_whole("expanded");
+    EXPECT_EQ(model_error(), "") << "expanded";
 }
 
 TEST_F(SpeciesTest, ASpeciesIsLookedAtAndRenamed)
@@ -173,7 +166,7 @@ TEST_F(SpeciesTest, ASequenceIsAdded)
     EXPECT_EQ(nbtot_groupe[0][0], 1);
     EXPECT_EQ(nbret_groupe[0][0], 1);
     EXPECT_TRUE(changed());
-    expect_whole("added");
+    EXPECT_EQ(model_error(), "") << "added";
     edit(R"(C-Insert Q Down "AC" Up BackSpace M Enter Down)");
     EXPECT_EQ(identifier(3), "M@");
     EXPECT_EQ(sequence(3), "AC") << "the row's text ends at its own length";
@@ -183,7 +176,7 @@ TEST_F(SpeciesTest, ASequenceIsAdded)
     EXPECT_TRUE(line(9).starts_with("+- No #NEW# #MASKED# -")) << "such a name is cut when it is read";
     edit("S-F9 Q Enter A Escape");
     EXPECT_EQ(nb_spec, 4);
-    expect_whole("shorter");
+    EXPECT_EQ(model_error(), "") << "shorter";
     edit(R"(S-F9 N Enter "ac-g$?n*t" Up)");
     EXPECT_EQ(line(8), "| ACGN*T" + std::string(71, ' ') + "|") << "only what counts is left on the screen";
 }

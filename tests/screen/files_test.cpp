@@ -158,10 +158,6 @@ TEST_F(Files, DirectoriesComeFromTheEnvironment)
     setenv("ZOLT", ("/" + std::string(77, 'd')).c_str(), 1); // 78 + "/zolt/data/" = 89
     init_dir();
     EXPECT_EQ(dir_DATA.size(), 89U);
-    struct Case {
-        int exe_length, root_length; // -1 = unset
-        std::string message;
-    };
     const std::string fatal = "The program has encountered the following FATAL ERROR :\n\nThe variable ";
     const struct {
         int exe_length, root_length; // -1 = unset

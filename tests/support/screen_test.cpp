@@ -7,6 +7,9 @@
 #include "screen/process_end.h"
 #include "screen/window.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -87,6 +90,12 @@ ScreenSession::~ScreenSession()
     if (!working_directory_.empty()) std::filesystem::current_path(working_directory_);
 }
 
+void ScreenSession::set_file_time(std::string_view below, std::time_t changed) const
+{
+    const timespec times[2] = {{changed, 0}, {changed, 0}};
+    utimensat(AT_FDCWD, path(below).c_str(), times, 0);
+}
+
 void ScreenSession::work_in(std::string_view below)
 {
     working_directory_ = std::filesystem::current_path();
@@ -153,6 +162,16 @@ int ScreenSession::color_of(std::string_view text) const
 {
     const int number = line_of(text);
     return number ? color_at(number, static_cast<int>(screen_line(number).find(text)) + 1) : -1;
+}
+
+std::string ScreenSession::text_in(int colour, int first_line) const
+{
+    std::string text;
+    for (int number = first_line; number <= _nb_line; number++)
+        for (int column = 1; column <= _nb_col; column++)
+            if (const auto& cell = screen_cell(number, column); cell.fg == colour && cell.ch != ' ')
+                text += static_cast<char>(cell.ch);
+    return text;
 }
 
 void ScreenSession::write_program(std::string_view below, std::string_view shell_script) const

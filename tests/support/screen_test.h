@@ -63,6 +63,8 @@ public:
     bool shows(std::string_view text) const { return line_of(text) != 0; }
     int line_of(std::string_view text) const;  // first line with the text, 0 = none
     int color_of(std::string_view text) const; // colour of the first character of its first occurrence, or -1
+    // What stands in a colour from a line on, without blanks.
+    std::string text_in(int colour, int first_line) const;
     int color_at(int line, int column) const { return screen_cell(line, column).fg; }
     int background_at(int line, int column) const { return screen_cell(line, column).bg; }
 
@@ -80,6 +82,7 @@ public:
     std::string read_file(std::string_view below) const { return folder_.read(below); }
     std::vector<std::string> file_names(std::string_view below) const { return folder_.names(below); }
     bool has_file(std::string_view below) const;
+    void set_file_time(std::string_view below, std::time_t changed) const;
     // Makes a directory the working directory, until the session ends.
     void work_in(std::string_view below);
     // The clock of the program stands here, in UTC.

@@ -47,9 +47,7 @@ protected:
         no_groupe[1] = no_groupe[2] = no_groupe[3] = 1;
         set_destroyed(4, true);
         write_file("seq/test.ali", "#\n#\n>a\nA\n");
-        fs::last_write_time(path("seq/test.ali"),
-                            fs::file_time_type::clock::from_sys(std::chrono::sys_seconds{
-                                std::chrono::seconds{1136214245}})); // 2 January 2006, 15 hours
+        set_file_time("seq/test.ali", 1136214245); // 2 January 2006, 15 hours
         enter();
     }
     test::Played output(std::string_view keys)

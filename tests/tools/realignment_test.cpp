@@ -282,7 +282,7 @@ TEST_F(Realignment, IsReachedByKeys)
         EXPECT_EQ(sequences(), c.rows) << c.keys;
         EXPECT_EQ(changed(), c.rows != rows) << c.keys;
         EXPECT_TRUE(shows(c.shown)) << c.keys;
-        EXPECT_EQ(view_error() + store_error() + columns_error(), "") << c.keys;
+        EXPECT_EQ(model_error(), "") << c.keys;
         expect_no_files_left();
     }
     open({.lines = 24, .columns = 80});
