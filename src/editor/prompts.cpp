@@ -18,6 +18,12 @@ void draw_rows_again()
     affich_all_seq(0);
 }
 
+void draw_editor_again()
+{
+    affich_menu_affich_seq();
+    affich_status();
+}
+
 void warn(std::string_view message)
 {
     affich_avert(message, dialog_line);

@@ -10,6 +10,8 @@ inline constexpr int dialog_line = 5;
 
 // The rows of the alignment, over what a box has left.
 void draw_rows_again();
+// The two lines below them, too: after a change of mode.
+void draw_editor_again();
 // A warning, and a question that only "Yes" answers with true; both draw again the rows that their box
 // covered, because another box may follow.
 void warn(std::string_view message);

@@ -175,7 +175,7 @@ void gere_clustalw()
     if (select_region() == escaped) return;
     const auto minimum = ask_minimum();
     if (!minimum) return;
-    draw_rows_again();
+    draw_editor_again();
     const auto chosen = choose_species_set(sets, sets_width, "Choose the ensemble you want to realign:");
     if (!chosen) return;
     draw_rows_again();

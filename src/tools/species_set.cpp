@@ -23,7 +23,7 @@ std::optional<ChosenSet> choose_species_set(std::span<const std::string_view> en
     if (entry == escaped) return std::nullopt;
     const auto set = static_cast<SpeciesSet>(entry);
     if (set != SpeciesSet::one_ensemble) return ChosenSet{set, 0};
-    draw_rows_again(); // the list of ensembles is the smaller box
+    draw_editor_again(); // the list of ensembles is the smaller box
     const int ensemble = choice_ensemble(question);
     if (ensemble == escaped) return std::nullopt;
     return ChosenSet{set, ensemble};
