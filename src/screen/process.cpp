@@ -184,16 +184,22 @@ using std::chrono::milliseconds;
 constexpr milliseconds nap{10};          // between two looks at the program
 constexpr milliseconds time_to_end{500}; // from SIGTERM to SIGKILL
 
-// Where this program was started with SIGCHLD ignored, the system would keep no child's status.
-class ChildStatus {
+// While a program is waited for, what its children leave behind becomes this program's to wait for, and the
+// system keeps the status of each: it would not where this program was started with SIGCHLD ignored.
+class Parenthood {
 public:
-    ChildStatus()
+    Parenthood()
         : before_(signal(SIGCHLD, SIG_DFL))
     {
+        prctl(PR_SET_CHILD_SUBREAPER, 1);
     }
-    ~ChildStatus() { signal(SIGCHLD, before_); }
-    ChildStatus(const ChildStatus&) = delete;
-    ChildStatus& operator=(const ChildStatus&) = delete;
+    ~Parenthood()
+    {
+        prctl(PR_SET_CHILD_SUBREAPER, 0);
+        signal(SIGCHLD, before_);
+    }
+    Parenthood(const Parenthood&) = delete;
+    Parenthood& operator=(const Parenthood&) = delete;
 
 private:
     void (*before_)(int);
@@ -246,8 +252,13 @@ bool Child::has_ended() const
 
 int Child::reap()
 {
-    kill(-process_, SIGKILL); // what it has left running
-    return wait_for(std::exchange(process_, 0));
+    const pid_t group = std::exchange(process_, 0);
+    kill(-group, SIGKILL); // what it has left running
+    const int status = wait_for(group);
+    // None of it writes a file any more once its end has been seen.
+    while (waitpid(-group, nullptr, 0) > 0 || errno == EINTR) {
+    }
+    return status;
 }
 
 void Child::stop()
@@ -263,7 +274,7 @@ void Child::stop()
 RunResult run_program(std::span<const std::string> argument_vector, const RunOptions& options)
 {
     if (argument_vector.empty()) return {RunResult::not_started, EINVAL};
-    const ChildStatus kept;
+    const Parenthood parenthood;
     std::fflush(stdout);
     Child child;
     if (const int reason = child.start(argument_vector, options)) return {RunResult::not_started, reason};
