@@ -42,8 +42,8 @@ std::string read_text_file(const std::string& path)
 std::string read_whole_file(const std::string& path, std::string& text)
 {
     text.clear();
-    std::error_code
-        error; // a missing file gets its reason from fopen; a pipe would hold the program for ever
+    // A missing file gets its reason from fopen; a pipe would hold the program for ever.
+    std::error_code error;
     if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error))
         return "Problem in opening file " + path + " (it is not a regular file)";
     const File file{std::fopen(path.c_str(), "rbe")};

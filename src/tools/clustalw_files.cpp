@@ -68,18 +68,14 @@ std::string_view without_blanks_before(std::string_view text)
     return text.substr(blanks);
 }
 
-struct Number {
-    int value;          // -1 = there is none
-    std::size_t digits; // that it takes up
-};
-
-// The number without sign at the front of a text.
-Number leading_number(std::string_view text)
+// Takes the digits of a number off the front of a text; -1, and nothing is taken, when there is none.
+int take_number(std::string_view& text)
 {
-    Number number{-1, 0};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number.value);
-    if (error != std::errc{} || number.value < 0) return {-1, 0};
-    number.digits = static_cast<std::size_t>(end - text.data());
+    int number = -1;
+    if (text.starts_with('-')) return -1;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc{}) return -1;
+    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
     return number;
 }
 
@@ -157,13 +153,8 @@ bool NexusReader::read_head(std::string_view head)
     if (head.find_first_not_of(between) == std::string_view::npos) return refuse("it is empty");
     for (const auto word : {"#NEXUS", "BEGIN", "DATA;", "dimensions", "ntax="})
         if (!take_word(word)) return refuse("it does not begin as a NEXUS alignment does");
-    const auto take_number = [&head] {
-        const auto [value, digits] = leading_number(head);
-        head.remove_prefix(digits);
-        return value;
-    };
-    const int row_count = take_number();
-    const int length = take_word("nchar=") ? take_number() : -1;
+    const int row_count = take_number(head);
+    const int length = take_word("nchar=") ? take_number(head) : -1;
     if (row_count <= 0 || length <= 0 || !take_word(";"))
         return refuse("it does not say how many rows and columns it has");
     if (row_count > max_species || length > seq_capacity / row_count)
@@ -191,8 +182,8 @@ bool NexusReader::find_row(std::string_view line)
 {
     const char* const begin = line.data();
     if (!line.starts_with(row_prefix)) return refuse_line(begin, "is not the row of a species");
-    const auto [species, digits] = leading_number(line.substr(row_prefix.size()));
-    line.remove_prefix(row_prefix.size() + digits);
+    line.remove_prefix(row_prefix.size());
+    const int species = take_number(line);
     if (species < 0 || species >= max_species || line.empty() || !is_blank(line.front()))
         return refuse_line(begin, "is not the row of a species");
 

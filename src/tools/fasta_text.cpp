@@ -51,7 +51,7 @@ char* copy_sent(std::string_view text, char* into)
 
 } // namespace
 
-void append_fasta(std::string& file, int species, std::string_view text, int minimum)
+int append_fasta(std::string& file, int species, std::string_view text, int minimum)
 {
     const std::size_t before = file.size();
     ((file += ">lcl|") += std::to_string(species)) += '\n';
@@ -60,8 +60,10 @@ void append_fasta(std::string& file, int species, std::string_view text, int min
     char* const begin = file.data() + first;
     char* const end = copy_sent(text, begin);
     *end = '\n';
-    const auto sent = static_cast<std::size_t>(end - begin);
-    file.resize(sent < static_cast<std::size_t>(minimum) ? before : first + sent + 1);
+    const int sent = static_cast<int>(end - begin);
+    const bool enough = sent > 0 && sent >= minimum;
+    file.resize(enough ? first + static_cast<std::size_t>(sent) + 1 : before);
+    return enough ? sent : 0;
 }
 
 } // namespace kq

@@ -6,8 +6,8 @@
 
 namespace kq {
 
-// Adds ">lcl|SPECIES" and, on a line, the characters of the text that are no gap ("*", "-", "$"), blank or
-// "?", when there are at least `minimum` of them.
-void append_fasta(std::string& file, int species, std::string_view text, int minimum);
+// Adds ">lcl|SPECIES" and, on a line, the residues of the text: what is no gap ("*", "-", "$"), blank or "?".
+// Returns how many they are; 0, and nothing is added, when there are none or less than `minimum`.
+int append_fasta(std::string& file, int species, std::string_view text, int minimum);
 
 } // namespace kq

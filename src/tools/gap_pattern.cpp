@@ -17,17 +17,6 @@ constexpr bool same_letter(char letter, char other)
     return ((letter ^ other) & ~case_bit) == 0;
 }
 
-// The runs of residues of an aligned row: where each begins and how long it is.
-template <typename Use>
-void for_each_run(std::string_view aligned, Use use)
-{
-    for (std::size_t first = 0; (first = aligned.find_first_not_of('-', first)) != std::string_view::npos;) {
-        const std::size_t end = std::min(aligned.find('-', first), aligned.size());
-        use(first, end - first);
-        first = end;
-    }
-}
-
 } // namespace
 
 bool has_residues(std::string_view aligned, std::string_view residues)
@@ -55,10 +44,12 @@ bool has_residues(std::string_view aligned, std::string_view residues)
 void lay_out(std::span<char> region, std::string_view aligned, std::string_view residues)
 {
     std::ranges::fill(region, '*');
-    for_each_run(aligned, [&](std::size_t first, std::size_t count) {
-        std::ranges::copy(residues.substr(0, count), region.subspan(first).begin());
-        residues.remove_prefix(count);
-    });
+    for (std::size_t first = 0; (first = aligned.find_first_not_of('-', first)) != std::string_view::npos;) {
+        const std::size_t end = std::min(aligned.find('-', first), aligned.size());
+        std::ranges::copy(residues.substr(0, end - first), region.subspan(first).begin());
+        residues.remove_prefix(end - first);
+        first = end;
+    }
 }
 
 } // namespace kq

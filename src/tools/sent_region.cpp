@@ -27,11 +27,7 @@ std::string_view text_in_region(int species)
 int clustalw_seq(int species, int minimum, std::string& file)
 {
     if (destroy[static_cast<std::size_t>(species)]) return 0;
-    const std::size_t before = file.size();
-    append_fasta(file, species, text_in_region(species), std::max(minimum, 1));
-    if (file.size() == before) return 0;
-    const std::size_t header_end = file.find('\n', before);
-    return static_cast<int>(file.size() - 1 - (header_end + 1));
+    return append_fasta(file, species, text_in_region(species), minimum);
 }
 
 SentRegion::SentRegion(std::span<const int> species, int minimum)
@@ -81,15 +77,16 @@ ResultProblem problem_of(const NexusAlignment& result, const SentRegion& sent)
 
 Growth write_into_region(std::span<const int> species, const SentRegion& sent, const NexusAlignment& result)
 {
+    constexpr std::size_t none = max_species;
+    std::vector<std::size_t> row_of(static_cast<std::size_t>(nb_spec), none);
+    for (std::size_t i = 0; i < result.species.size(); i++)
+        row_of[static_cast<std::size_t>(result.species[i])] = i;
+
     const int width = pos_fin - pos_deb + 1, length = static_cast<int>(result.length);
     if (length > width) {
         const Growth growth = open_columns(Rows::none(), pos_fin + 1, length - width);
         if (growth != Growth::grown) return growth;
     }
-    constexpr std::size_t none = max_species;
-    std::vector<std::size_t> row_of(static_cast<std::size_t>(nb_spec), none);
-    for (std::size_t i = 0; i < result.species.size(); i++)
-        row_of[static_cast<std::size_t>(result.species[i])] = i;
     rewrite_columns(species, pos_deb, pos_deb + std::max(width, length),
                     [&](int one, std::span<char> region) {
                         const std::size_t i = row_of[static_cast<std::size_t>(one)];

@@ -24,7 +24,7 @@ public:
 
     const std::vector<int>& species() const { return species_; }
     const std::string& fasta() const { return fasta_; }
-    bool has(int species) const;                  // of any number
+    bool has(int species) const;                  // of any number from 0 on
     std::string_view residues(int species) const; // of one that was sent
 
 private:

@@ -100,10 +100,11 @@ TEST(Blast, SequencesAreSentWithoutGaps)
             return std::string_view("*-$ ?").find(c) == std::string_view::npos;
         });
         std::string file = "before\n";
-        append_fasta(file, 19999, text, static_cast<int>(sent.size()) + 1);
+        const int count = static_cast<int>(sent.size());
+        EXPECT_EQ(append_fasta(file, 19999, text, count + 1), 0) << text;
         EXPECT_EQ(file, "before\n") << text;
-        append_fasta(file, 19999, text, static_cast<int>(sent.size()));
-        EXPECT_EQ(file, "before\n>lcl|19999\n" + sent + '\n') << text;
+        EXPECT_EQ(append_fasta(file, 19999, text, count), count) << text;
+        EXPECT_EQ(file, sent.empty() ? "before\n" : "before\n>lcl|19999\n" + sent + '\n') << text;
     }
 }
 

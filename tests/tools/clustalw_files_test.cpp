@@ -75,7 +75,7 @@ TEST(ClustalwFiles, WhatIsWrongIsSaid)
         {matrix("lcl|7 AC--U\nlcl|x12 ACG-U\n"), "line 9 is not the row of a species"},
         {matrix("lcl|7 AC--U\nlcl|12\n"), "line 9 is not the row of a species"},
         {matrix("lcl|7 AC--U\nlcl|12ACG-U\n"), "line 9 is not the row of a species"},
-        {matrix("lcl|7 AC--U\nlcl|-1 ACG-U\n"), "line 9 is not the row of a species"},
+        {matrix("lcl|7 AC--U\nlcl|-0 ACG-U\n"), "line 9 is not the row of a species"},
         {matrix("lcl|7 AC--U\nlcl|20000 ACG-U\n"), "line 9 is not the row of a species"},
         {matrix("lcl|7 AC--U\nlcl|12 AC.-U\n"), "line 9 has a character that is no residue"},
         {matrix("lcl|7 AC--U\nlcl|7 ACG-U\n;\n"), "comes again before all rows have come", 7},
