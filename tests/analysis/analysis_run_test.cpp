@@ -5,6 +5,7 @@
 #include "analysis/progress.h"
 #include "app/program_test.h"
 #include "core/store.h"
+#include "raster/grx.h"
 #include "screen/system_memory.h"
 
 #include <unistd.h>
@@ -126,6 +127,7 @@ TEST_F(AnalysisRun, ABoxCoversNoMoreThanItself)
     };
     EXPECT_EQ(run(open_small + select_all + finish), Ending::script_ended);
     const Names before = all_lines();
+    const auto pixels = GrCopyPixels();
     bool slow_writing_seen = false;
     set_escape([&] {
         const Names now = all_lines();
@@ -140,6 +142,7 @@ TEST_F(AnalysisRun, ABoxCoversNoMoreThanItself)
     EXPECT_EQ(play(level(1), tout_auto).ending, Ending::returned);
     EXPECT_TRUE(slow_writing_seen);
     EXPECT_EQ(all_lines(), before);
+    EXPECT_TRUE(GrCopyPixels() == pixels);
 }
 
 TEST_F(AnalysisRun, WithoutAnySpeciesTheTreeWarns)
