@@ -3,6 +3,7 @@
 #include "analysis/analysis_run.h"
 #include "analysis/distance_matrix.h"
 #include "analysis/progress.h"
+#include "analysis/stored_analysis.h"
 #include "app/program_test.h"
 #include "core/store.h"
 #include "raster/grx.h"
@@ -94,6 +95,9 @@ TEST_F(AnalysisRun, EachLevelWritesItsFilesFromTheEditorAndFromTheTree)
             EXPECT_EQ(names_of(last), expected_files(name, i));
             EXPECT_EQ(dist, nullptr);
         }
+        plain::Analysis analysis = test::stored_analysis();
+        analysis.level = 3;
+        EXPECT_TRUE(last == plain::analysis_files(analysis)) << name;
         EXPECT_EQ(run(open + select_all + "S-F7 " + level(3)), Ending::script_ended);
         EXPECT_TRUE(take_files() == last) << name << ": the tree stores the selection first";
     }

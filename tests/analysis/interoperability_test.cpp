@@ -214,7 +214,7 @@ TEST_P(Interoperability, ClustalwReadsPirMsfAndFasta)
               as_read(analysed([](int, const std::string& name) { return name.substr(0, name.find(' ')); })));
 }
 
-TEST_P(Interoperability, BiopythonReadsTreesNexusPirAndFasta)
+TEST_P(Interoperability, BiopythonReadsTreesAndNexus)
 {
     const auto padded_with_lines = [](int, const std::string& name) {
         return (replaced(name, " ", '_') + std::string(79, '_')).substr(0, 79);
@@ -231,18 +231,6 @@ TEST_P(Interoperability, BiopythonReadsTreesNexusPirAndFasta)
         return written;
     };
     EXPECT_EQ(read_sequences("nexus", "x_0.mac"), with_characters(analysed(padded_with_lines), " ", '?'));
-    nomfic = "x.pir";
-    ASSERT_TRUE(write_pir());
-    EXPECT_EQ(read_sequences("pir", "x.pir"),
-              with_characters(with_characters(analysed(joined), " X", '?'), "*", '-'));
-    nomfic = "x.afas";
-    ASSERT_TRUE(write_afas());
-    // The characters stand there as they are; to readers, blanks are none.
-    Sequences fasta =
-        analysed([](int, const std::string& name) { return (name + std::string(79, '_')).substr(0, 79); });
-    for (Named& each : fasta)
-        each.sequence = without(each.sequence, " ");
-    EXPECT_EQ(read_sequences("fasta", "x.afas"), fasta);
     percent_gap = 100;
     elimine_pos_gap();
     nomfic = "x_6.nex";

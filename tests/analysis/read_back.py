@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Prints what BioPython reads in a file: "name<tab>sequence" a line, or the names of a tree's leaves.
 
-read_back.py fasta|pir|nexus|newick FILE
+read_back.py fasta|nexus|newick FILE
 """
 import io
 import re
@@ -19,12 +19,6 @@ def nexus(text):
     return [(name, str(block.matrix[name])) for name in block.taxlabels]
 
 
-def pir(text):
-    # The files have no line for a title, which is what BioPython takes the first line of residues for.
-    records = SeqIO.parse(io.StringIO(text), "pir")
-    return [(each.id.replace(" ", "_"), each.description + str(each.seq)) for each in records]
-
-
 def fasta(text):
     return [(each.description, str(each.seq)) for each in SeqIO.parse(io.StringIO(text), "fasta")]
 
@@ -37,5 +31,5 @@ if kind == "newick":
     for leaf in Phylo.read(io.StringIO(line), "newick").get_terminals():
         print(leaf.name)
 else:
-    for name, sequence in {"nexus": nexus, "pir": pir, "fasta": fasta}[kind](content):
+    for name, sequence in {"nexus": nexus, "fasta": fasta}[kind](content):
         print(f"{name}\t{sequence}")

@@ -108,26 +108,12 @@ TEST_F(EditorScreenTest, DialogsLeaveNoTraces)
     }
     edit("Right");
     EXPECT_EQ(screen_dump(), before);
-    const char* const scripts[] = {"S-F4 N",
-                                   "D N",
-                                   "X Escape",
-                                   "U N",
-                                   "P N",
-                                   "F11 Escape",
-                                   "O Escape",
-                                   "O Enter Escape",
-                                   "O Down Enter ( Escape",
-                                   "S-F1 N",
-                                   "Escape N",
-                                   "S-F9 Escape",
-                                   "F3 N",
-                                   "A-BackSpace Escape",
-                                   "S-F8 N",
-                                   "S-F8 Y Escape",
-                                   "F1 Escape",
-                                   "A-BackSpace N",
-                                   "A-BackSpace Enter",
-                                   "A-BackSpace Y Escape"};
+    // clang-format off
+    const char* const scripts[] = {
+        "S-F4 N", "D N", "X Escape", "U N", "P N", "F11 Escape", "O Escape", "O Enter Escape",
+        "O Down Enter ( Escape", "S-F1 N", "Escape N", "S-F9 Escape", "F3 N", "A-BackSpace Escape", "S-F8 N",
+        "S-F8 Y Escape", "F1 Escape", "A-BackSpace N", "A-BackSpace Enter", "A-BackSpace Y Escape"};
+    // clang-format on
     for (const auto* keys : scripts) {
         edit(std::string("Right ") + keys);
         EXPECT_EQ(screen_dump(), before) << keys;
@@ -163,7 +149,8 @@ TEST_F(EditorScreenTest, NoKeyBreaksTheEditor)
         "S-F9 N Enter \"ACGT*\" Enter|S-F12|F5|O Enter F2|O Down Enter ( C-Right ) Down Enter|O Down*2 Enter "
         "( End ) Enter Enter|O Down Enter ( Up ) Down*2 Enter|R Y|L Y|F2 Y Escape N N|F12 Y|Escape N N|"
         "F2 Enter Home F2 F3 Escape N N|F10 Q|F10 b Enter|F3 Y F2 F3 Escape N N|S-F1 N N|F1 "
-        "Escape|A-KPPlus|A-KPMinus";
+        "Escape|A-KPPlus|A-KPMinus|/ PgDn ,|; .|, ,|A|S Enter Enter ,|S Down*2 Enter Enter Enter Escape|"
+        "S Down*4 Enter Enter PgDn Q|F8 Down Enter Down Enter Escape|F8 Down*5 Enter Down*2 A C ? F5 Escape";
     const test::Geometry sizes[] = {{20, 20}, {20, 29}, {20, 31}, {21, 37}, {34, 80}, {200, 200}};
     for (unsigned round = 0; round < 24; round++) {
         std::mt19937 random(round);

@@ -87,12 +87,6 @@ TEST_F(EstModeTest, RefusesWhatItCannotPaste)
     replace_text(1, "TTTT");
     merge("F2 Down R");
     EXPECT_EQ(sequence(0), "TTTT");
-    for (const char* keys : {"F2", "E F2", "E U", "E F", "E Insert"}) {
-        load({"AAAA"}, {{}});
-        opt_nogap = 1;
-        merge(keys);
-        EXPECT_FALSE(shows("+--")) << "without a row nothing is asked or said after " << keys;
-    }
 }
 
 TEST_F(EstModeTest, MarksWhatCanBeMerged)

@@ -156,13 +156,4 @@ TEST_F(OptionsScreen, FitsSmallWindows)
     EXPECT_SCREEN("options_tiny");
     edit(std::string(palette) + "Down*5 A C G T Right*3");
     EXPECT_SCREEN("palette_tiny");
-    for (unsigned round = 0; round < 6; round++) {
-        std::mt19937 random(round);
-        open({.lines = 20 + static_cast<int>(random() % 8), .columns = 20 + static_cast<int>(random() % 70)});
-        const auto keys = test::random_keys(
-            random, "Up|Down|Down|Enter|Enter|Left|Right|A|C|?|*|F5|Escape N N F8|PgDn|Home", 200);
-        const auto played = edit("F8 " + keys);
-        EXPECT_EQ(played.keys_left, 0) << round << ": " << keys;
-        EXPECT_EQ(columns_error(), "");
-    }
 }

@@ -370,14 +370,3 @@ TEST_F(SimilarityTest, ALongRankingScrollsBesideItsQuestion)
     EXPECT_EQ(nb_retenu, 50) << "more than are shown";
     EXPECT_EQ(esp_tous[49], 50);
 }
-
-TEST_F(SimilarityTest, EmptyPatternsAndShortRowsAreNoTrouble)
-{
-    load({"A*", "C*", "  "});
-    edit("Down*2 S Enter Enter"); // nothing to propose: every residue has score 0
-    EXPECT_EQ(std::pair(sim[0], posi[0]), std::pair(0, 1));
-    load({"ACGUACGU"}); // nothing to rank
-    edit("/");
-    EXPECT_TRUE(shows("in a total of  8"));
-    EXPECT_TRUE(shows("Press any key to continue ... (, or . to apply that)"));
-}

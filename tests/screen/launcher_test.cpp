@@ -42,15 +42,6 @@ TEST_F(Launcher, ListsTheProgramsAndSaysWhyOneWasNotStarted)
     EXPECT_EQ(launch("Enter Z Escape").keys_left, 1);
 }
 
-TEST_F(Launcher, ScrollsInASmallWindow)
-{
-    open({.lines = 20, .columns = 20});
-    std::vector<std::string_view> many(30, "program");
-    many.back() = "the last";
-    play("Up", [&] { choice_autre_exe(6, many); });
-    EXPECT_SCREEN("launcher_tiny");
-}
-
 // In the same process, with the same output and no arguments; SIGXFSZ, ignored here, ends it again.
 TEST_F(Launcher, AProgramThatIsThereTakesThePlaceOfTheEditor)
 {

@@ -1,11 +1,9 @@
 #include "support/plain_analysis.h"
 
+#include "screen/strings.h"
 #include "support/plain_joining.h"
 
 #include <algorithm>
-#include <cstdarg>
-#include <cstdio>
-#include <cstdlib>
 #include <string_view>
 
 namespace kq::plain {
@@ -30,18 +28,6 @@ constexpr std::string_view prot_names[] = {"Boolean (any difference = 1)",  "Dis
                                            "No conservative differences",   "Conservative differences",
                                            "All differences, gap excluded", "Only insertions and deletions",
                                            "Rzhetsky and Nei (1994)",       "Ota and Nei (1994)"};
-
-[[gnu::format(printf, 1, 2)]] std::string print(const char* format, ...)
-{
-    va_list values;
-    va_start(values, format);
-    char* text = nullptr;
-    const int length = vasprintf(&text, format, values);
-    va_end(values);
-    std::string printed(text, static_cast<std::size_t>(length));
-    std::free(text);
-    return printed;
-}
 
 bool one_of(char c, std::string_view characters)
 {
@@ -178,11 +164,11 @@ public:
     {
         const auto names = phylip_names(analysed_);
         const int length = static_cast<int>(size());
-        std::string text = print("\n%s  MSF: %d  Type: %s  January 01, 1776  12:00  Check: 4918 ..\n\n",
-                                 name.c_str(), length, of_.type ? "A" : "N");
+        std::string text = text_format("\n%s  MSF: %d  Type: %s  January 01, 1776  12:00  Check: 4918 ..\n\n",
+                                       name.c_str(), length, of_.type ? "A" : "N");
         for (const std::string& each : names)
-            text += print("Name:  %s\tLen:  %d  Check: 0 Weight: 1.00\n", replaced(each, ' ', '_').c_str(),
-                          length);
+            text += text_format("Name:  %s\tLen:  %d  Check: 0 Weight: 1.00\n",
+                                replaced(each, ' ', '_').c_str(), length);
         text += "\n//\n\n";
         for (std::size_t block = 0; block < size() / 50 + 1; block++) {
             for (std::size_t i = 0; i < names.size(); i++) {
@@ -245,12 +231,12 @@ private:
         text += "#File " + nomfic_ + " automatically created on " + of_.today + "\n";
         if (kind == 'm') {
             text += "#Matrix calculated with " + std::string(distance_name());
-            if (gamma()) text += print(" (alpha=%.2f)", of_.shape);
+            if (gamma()) text += text_format(" (alpha=%.2f)", of_.shape);
             text += "\n";
         } else {
             text += "#Type of parsimony: \n";
         }
-        text += print("#%zu positions remain on the %d aligned positions\n", size(), of_.columns);
+        text += text_format("#%zu positions remain on the %d aligned positions\n", size(), of_.columns);
         return text + "#" + of_.colours + "," + of_.groups + "\n";
     }
 
@@ -268,15 +254,15 @@ private:
         nomfic_ += std::to_string(counter) + ".nb" + kind;
         counter++;
         std::string text = comment(kind);
-        text += print("#Here is the list of the %zu species used:\n", analysed_.size());
+        text += text_format("#Here is the list of the %zu species used:\n", analysed_.size());
         for (std::size_t i = 0; i < analysed_.size(); i++) {
             text += written(i, 79, 3) + "  ";
             if (i % 2 == 1 || i + 1 == analysed_.size()) text += "\n";
         }
         text += std::string(80, '*') + "\n";
-        text += print("Here is the list of the %zu selected positions:\n", size());
+        text += text_format("Here is the list of the %zu selected positions:\n", size());
         for (std::size_t p = 0; p < size(); p++) {
-            text += print("%5d ", positions_[p] + 1);
+            text += text_format("%5d ", positions_[p] + 1);
             if (p % 13 == 12 || p + 1 == size()) text += "\n";
         }
         files_[nomfic_] = text;
@@ -309,7 +295,12 @@ private:
             text += written(i, 80, 1);
             for (std::size_t j = 0; j < i; j++) {
                 const float d = matrix[i * n + j] = distance(i, j);
-                text += print("%10.*f", d > 1000 ? 0 : d > 100 ? 4 : d > 10 ? 5 : 6, static_cast<double>(d));
+                text += text_format("%10.*f",
+                                    d > 1000  ? 0
+                                    : d > 100 ? 4
+                                    : d > 10  ? 5
+                                              : 6,
+                                    static_cast<double>(d));
             }
             text += "\n";
             names.push_back(analysed_[i]->identifier);
@@ -321,7 +312,7 @@ private:
                           joined_tree(matrix, names).text;
     }
 
-    std::string first_line() const { return print("%4zu %zu\n", analysed_.size(), size()); }
+    std::string first_line() const { return text_format("%4zu %zu\n", analysed_.size(), size()); }
 
     std::string phylip(int mode) const
     {
@@ -348,8 +339,8 @@ private:
     std::string bootstrap() const
     {
         std::string text = comment('m');
-        text += print("%zu %zu %d 1000 %d", analysed_.size(), size(), of_.type, type_dist_);
-        if (gamma()) text += print(" %f", of_.shape);
+        text += text_format("%zu %zu %d 1000 %d", analysed_.size(), size(), of_.type, type_dist_);
+        if (gamma()) text += text_format(" %f", of_.shape);
         text += "\n";
         for (std::size_t i = 0; i < analysed_.size(); i++)
             text += written(i, 79, 1) + " " + replaced(kept_[i], ' ', '?') + "\n";
@@ -359,7 +350,7 @@ private:
     std::string nexus_start(const std::string& begin) const
     {
         return "#NEXUS\n\n[Version of " + of_.today + "]\n" + begin +
-               print(" data;\n    dimensions ntax=%zu nchar=%zu;\n", analysed_.size(), size());
+               text_format(" data;\n    dimensions ntax=%zu nchar=%zu;\n", analysed_.size(), size());
     }
 
     std::string paup_3_0() const
@@ -376,7 +367,7 @@ private:
     {
         const std::string tree = up_to_first(nomfic_, '.') + ".tre";
         std::string text = nexus_start("Begin");
-        text += print("    format datatype=%s gap='-';\n    Matrix\n", of_.type ? "protein" : "RNA");
+        text += text_format("    format datatype=%s gap='-';\n    Matrix\n", of_.type ? "protein" : "RNA");
         for (std::size_t i = 0; i < analysed_.size(); i++)
             text += written(i, 79, 4) + " " + replaced(replaced(up_to_end(i), '*', '-'), ' ', '?') + "\n";
         return text + "    ;\nend;\n" + "set MAXTREES=100 INCREASE=NO AUTOCLOSE=YES;\n" +

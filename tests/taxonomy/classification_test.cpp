@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 using namespace kq;
 
 TEST(Classification, IsTheNextOneBehindTheAccession)
@@ -36,25 +34,6 @@ TEST(Classification, IsTheNextOneBehindTheAccession)
     EXPECT_EQ(accession_of("Homo sapiens@X1@2"), "X1@2");
     EXPECT_EQ(accession_of("Homo sapiens@"), "");
     EXPECT_EQ(accession_of("Homo sapiens"), "");
-}
-
-TEST(Classification, ManyAtOnceAreAsOneByOne)
-{
-    std::mt19937 random(3405);
-    const auto pick = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
-    const std::string_view pieces[] = {"[ACC] ", "[SYS] ", "AB", "A", "B1", ";", ". ", "\n", "\n", "\r\n"};
-    for (int round = 0; round < 500; round++) {
-        std::string inf;
-        for (int i = pick(60); i > 0; i--)
-            inf += pieces[pick(10)];
-        std::vector<std::string> names;
-        for (int i = 0; i < 8; i++)
-            names.push_back(std::string(pieces[2 + pick(3)]) + std::string(pieces[2 + pick(3)]));
-        const std::vector<std::string_view> accessions(names.begin(), names.end());
-        const auto texts = classifications_of(inf, accessions);
-        for (std::size_t i = 0; i < names.size(); i++)
-            ASSERT_EQ(texts[i], classification_of(inf, names[i])) << names[i] << " in\n" << inf;
-    }
 }
 
 TEST(Classification, WordsAreReadFromTheRight)

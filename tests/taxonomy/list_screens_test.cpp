@@ -259,11 +259,6 @@ TEST_F(Lists, WorkInSmallWindows)
     open({.lines = 20, .columns = 20});
     set_selection(std::vector{0, 1});
     write_list("a.lis", "Bee beta@2\nnobody\n");
-    const std::string scrolled = "\"" + std::string(40, 'x') + "yz\"";
-    save_keys(scrolled);
-    EXPECT_TRUE(shows("yz"));
-    load_keys("Enter F2 " + scrolled);
-    EXPECT_TRUE(shows("yz"));
     load_keys("Enter");
     for (const char* text :
          {"There are 1", "ENTER:Confirm", "ESCAPE:Cancel", "SUPPR:Delete", "F2:Rename", "F3:W"})
