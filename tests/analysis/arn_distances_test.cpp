@@ -1,41 +1,18 @@
 // The distances between nucleic acids against the plain versions, which look at one pair of characters after
 // the other.
-#include "analysis/analysed.h"
+#include "analysis/analysed_fixture.h"
 #include "analysis/arn_distances.h"
 #include "analysis/arn_formulas.h"
-#include "analysis/distance_matrix.h"
 #include "analysis/pair_counts.h"
-#include "analysis/parameters.h"
-#include "editor/editor_test.h"
 #include "support/plain_distances.h"
 
-#include <omp.h>
-
 #include <cmath>
-#include <random>
+#include <numeric>
 
 namespace kq {
 namespace {
 
 constexpr unsigned seed = 5;
-
-// Descendants of one ancestor: some nearly identical, some saturated.
-std::vector<std::string> random_rows(std::mt19937& random, int species, std::size_t columns,
-                                     std::string_view letters)
-{
-    const auto letter = [&] { return letters[random() % letters.size()]; };
-    std::string ancestor(columns, 'A');
-    for (char& c : ancestor)
-        c = letter();
-    std::vector<std::string> rows;
-    for (int i = 0; i < species; i++) {
-        const auto kept = random() % 5;
-        rows.push_back(ancestor);
-        for (char& c : rows.back())
-            if (random() % 5 >= kept) c = letter();
-    }
-    return rows;
-}
 
 // What an alignment can hold: bases, gaps, unknown and ambiguous characters; from the keyboard also others.
 constexpr std::string_view bases = "ACGTU", read_letters = "AACCGGTTU-*$ ?XN",
@@ -48,7 +25,7 @@ TEST(PairCounts, EqualThePlainOnesWithAnyInstructions)
     for (const std::size_t columns :
          {0U, 1U, 63U, 64U, 65U, 511U, 512U, 513U, 1500U, 3583U, 3585U, 7679U, 7681U, 15000U})
         for (const auto letters : {std::string_view("A"), bases, read_letters, typed_letters}) {
-            const auto rows = random_rows(random, 4, columns, letters);
+            const auto rows = test::related_rows(random, 4, columns, letters);
             BasePlanes planes(4, static_cast<int>(columns));
             for (int i = 0; i < 4; i++)
                 planes.set(i, rows[static_cast<std::size_t>(i)], " ?XRYMWSKVHDBN");
@@ -72,34 +49,18 @@ TEST(PairCounts, EqualThePlainOnesWithAnyInstructions)
         }
 }
 
-class ArnDistances : public test::EditorTest {
+class ArnDistances : public test::AnalysedTest {
 protected:
-    ~ArnDistances() override
+    // An analysis of all rows, the last one first, without the given positions.
+    void analyse_without(const std::vector<std::size_t>& removed, const std::vector<std::string>& rows)
     {
-        omp_set_num_threads(omp_get_num_procs());
-        libere_memoire_dist();
-        analysed_reset();
-        parameters_reset();
-    }
-
-    // An analysis of all rows without the given positions.
-    void analyse(const std::vector<std::string>& rows, const std::vector<std::size_t>& removed)
-    {
-        libere_memoire_dist();
         load(rows);
-        nb_spec_auto = nb_spec;
-        for (int i = 0; i < nb_spec; i++)
-            cor_auto[static_cast<std::size_t>(i)] = nb_spec - 1 - i;
-        retain.assign(static_cast<std::size_t>(nb_nuc_tot), position_kept);
-        for (const auto p : removed)
-            retain[p] = position_removed;
-        retain.push_back(end_of_positions);
-        nb_nuc_keep = static_cast<int>(kept_positions().size());
-        name_distances(type_seq);
-        ASSERT_EQ(alloue_memoire_dist(), 0);
-        texts_.clear();
-        for (const int species : analysed_species())
-            kept_characters(species, kept_positions(), texts_.emplace_back());
+        std::vector<int> species(rows.size()), positions;
+        std::iota(species.rbegin(), species.rend(), 0);
+        for (std::size_t p = 0; p < rows[0].size(); p++)
+            if (std::ranges::count(removed, p) == 0) positions.push_back(static_cast<int>(p));
+        analyse(species, positions);
+        texts_ = kept_texts();
     }
 
     const std::string& text(int i) const { return texts_[static_cast<std::size_t>(i)]; }
@@ -146,7 +107,7 @@ TEST_F(ArnDistances, OfAllTypesEqualThePlainOnesOnAnyNumberOfThreads)
     std::mt19937 random(seed);
     for (const auto& [letters, shape] : {std::pair{read_letters, 0.5}, std::pair{typed_letters, 3.0}}) {
         const std::size_t columns = 40 + random() % 60;
-        analyse(random_rows(random, 70, columns, letters), {0, 7, columns - 1});
+        analyse_without({0, 7, columns - 1}, test::related_rows(random, 70, columns, letters));
         alpha = shape;
         for (const int threads : {1, 2, 3}) {
             omp_set_num_threads(threads);
@@ -165,7 +126,7 @@ TEST_F(ArnDistances, OfAllTypesEqualThePlainOnesOnAnyNumberOfThreads)
 TEST_F(ArnDistances, OfOnePairAreThoseOfTheMatrix)
 {
     std::mt19937 random(seed);
-    analyse(random_rows(random, 3, 80, read_letters), {});
+    analyse_without({}, test::related_rows(random, 3, 80, read_letters));
     ASSERT_TRUE(compute_diff_arn());
     const std::pair<int, void (*)(int, int)> one_pair[] = {
         {9, compute_RN94_JC}, {10, compute_RN94_Kimura}, {12, compute_tamura_nei}};
@@ -179,7 +140,7 @@ TEST_F(ArnDistances, OfOnePairAreThoseOfTheMatrix)
 
 TEST_F(ArnDistances, AreZeroWithoutPositionsOrForOneSpecies)
 {
-    analyse({"ACGT", "ACGA", "TTTT"}, {0, 1, 2, 3});
+    analyse_without({0, 1, 2, 3}, {"ACGT", "ACGA", "TTTT"});
     std::fill_n(dist, 9, -1.0F);
     ASSERT_TRUE(compute_diff_arn());
     for (type_dist = 0; type_dist < arn_distances; type_dist++) {
@@ -187,7 +148,7 @@ TEST_F(ArnDistances, AreZeroWithoutPositionsOrForOneSpecies)
         for (const auto& [i, j] : {std::pair{1, 0}, std::pair{2, 0}, std::pair{2, 1}})
             ASSERT_EQ(distance(i, j), 0) << type_dist;
     }
-    analyse({"ACGT"}, {});
+    analyse_without({}, {"ACGT"});
     EXPECT_TRUE(compute_diff_arn());
     EXPECT_TRUE(compute_dist_arn());
 }
@@ -195,7 +156,7 @@ TEST_F(ArnDistances, AreZeroWithoutPositionsOrForOneSpecies)
 TEST_F(ArnDistances, StopAtEscape)
 {
     std::mt19937 random(seed);
-    analyse(random_rows(random, 200, 100, read_letters), {});
+    analyse_without({}, test::related_rows(random, 200, 100, read_letters));
     const auto stops = [this](bool (*compute)()) {
         bool ended = true;
         const auto played = play("early Esc", [&] { ended = compute(); });

@@ -1,13 +1,9 @@
 // What the files of an analysis do beyond their texts: names, refusals, what is known before.
-#include "analysis/analysed.h"
-#include "analysis/distance_matrix.h"
+#include "analysis/analysed_fixture.h"
 #include "analysis/output_file.h"
-#include "analysis/output_names.h"
 #include "analysis/outputs.h"
-#include "analysis/parameters.h"
 #include "analysis/phylip_names.h"
 #include "analysis/planned_outputs.h"
-#include "editor/editor_test.h"
 #include "screen/files.h"
 
 #include <filesystem>
@@ -19,30 +15,16 @@ namespace fs = std::filesystem;
 using test::Ending;
 using Strings = std::vector<std::string>;
 
-class Outputs : public test::EditorTest {
+class Outputs : public test::AnalysedTest {
 public:
     Outputs() { work_in("work"); }
-    ~Outputs() override
-    {
-        libere_memoire_dist();
-        analysed_reset();
-        output_names_reset();
-        parameters_reset();
-        options_reset();
-    }
 
 protected:
-    // Four species, of which the analysis has one twice, with all their positions.
+    // Four species, of which the analysis has one twice.
     void load_four()
     {
         load(Strings(4, std::string(60, 'A')));
-        cor_auto = {3, 0, 1, 2, 0};
-        nb_spec_auto = 5;
-        nb_nuc_keep = nb_nuc_tot;
-        retain.assign(static_cast<std::size_t>(nb_nuc_tot), position_kept);
-        retain.push_back(end_of_positions);
-        name_distances(type_seq);
-        ASSERT_EQ(alloue_memoire_dist(), 0);
+        analyse({3, 0, 1, 2, 0}, {0, 1, 2, 3, 4, 5, 59});
         std::fill_n(dist, nb_spec_auto * nb_spec_auto, 1.0F);
         creer_ident_phylip();
     }

@@ -1,18 +1,9 @@
 // Distances between proteins are those of the plain comparison, bit for bit, whatever counts them.
-#include "analysis/analysed.h"
-#include "analysis/distance_matrix.h"
-#include "analysis/parameters.h"
+#include "analysis/analysed_fixture.h"
 #include "analysis/prot_counts.h"
 #include "analysis/prot_distances.h"
 #include "analysis/weight_matrix.h"
-#include "core/lifecycle.h"
-#include "core/store.h"
-#include "support/model.h"
 #include "support/plain_distances.h"
-#include "support/plain_similarity.h"
-#include "support/screen_test.h"
-
-#include <omp.h>
 
 #include <bit>
 #include <numeric>
@@ -25,19 +16,14 @@ namespace {
 // Amino acids, gaps, unknowns, and characters without a code.
 constexpr std::string_view characters = "ACDEFGHIKLMNPQRSTVWYACDEFGHIKLMNPQRSTVWY-*$ ?XBZJOUacy\xff";
 
-// Sequences that share many positions; long runs of gaps and unknowns.
+// Related sequences with long runs of gaps and unknowns.
 std::vector<std::string> random_rows(std::mt19937& random, int species, int positions)
 {
-    const auto ancestor = plain::random_text(random, characters, positions);
-    std::vector<std::string> rows(static_cast<std::size_t>(species), ancestor);
+    auto rows = test::related_rows(random, species, static_cast<std::size_t>(positions), characters);
     for (auto& row : rows)
-        for (std::size_t p = 0, changes = random() % 3; p < row.size(); p++) {
-            if (random() % 3 < changes) row[p] = characters[random() % characters.size()];
-            if (random() % 100 == 0) p += random() % 40;
-            if (random() % 300 == 0)
-                for (std::size_t run = random() % 50; run > 0 && p < row.size(); run--)
-                    row[p++] = "-X"[random() % 2];
-        }
+        for (std::size_t p = random() % 300; p < row.size(); p += random() % 300)
+            for (std::size_t run = random() % 50; run > 0 && p < row.size(); run--)
+                row[p++] = "-X"[random() % 2];
     return rows;
 }
 
@@ -66,44 +52,19 @@ std::string text_of(const ProtWeights& weights)
     return text;
 }
 
-class ProtDistances : public test::ScreenTest {
+class ProtDistances : public test::AnalysedTest {
 protected:
-    ~ProtDistances() override
+    // All species, some of which end early, and about nine of ten positions.
+    void analyse_most(std::mt19937& random, const std::vector<std::string>& rows)
     {
-        libere_memoire_dist();
-        analysed_reset();
-        parameters_reset();
-        alignment_reset();
-        omp_set_num_threads(omp_get_num_procs());
-    }
-
-    // All species, and about nine of ten positions.
-    void analyse(std::mt19937& random, const std::vector<std::string>& rows)
-    {
-        libere_memoire_dist();
-        model_ = {.type = 1, .rows = rows};
-        model_.columns = static_cast<int>(rows[0].size());
-        for (auto& row : model_.rows)
-            if (random() % 4 == 0) row.resize(random() % (row.size() + 1)); // blanks follow
-        model_.load();
-        nb_spec_auto = nb_spec;
-        std::iota(cor_auto.begin(), cor_auto.begin() + nb_spec, 0);
-        retain.clear();
+        load(rows, {}, test::protein);
+        std::vector<int> species(rows.size()), positions;
+        std::iota(species.begin(), species.end(), 0);
+        for (const int s : species)
+            if (random() % 4 == 0) replace_text(s, sequence(s).substr(0, random() % (rows[0].size() + 1)));
         for (int p = 0; p < nb_nuc_tot; p++)
-            retain.push_back(random() % 10 == 0 ? position_removed : position_kept);
-        nb_nuc_keep = static_cast<int>(std::ranges::count(retain, position_kept));
-        retain.push_back(end_of_positions);
-        name_distances(type_seq);
-        ASSERT_EQ(alloue_memoire_dist(), 0);
-    }
-    std::vector<std::string> kept_texts() const
-    {
-        std::vector<std::string> texts(model_.rows.size());
-        for (int p = 0; p < nb_nuc_tot; p++)
-            for (std::size_t i = 0; i < texts.size(); i++)
-                if (retain[static_cast<std::size_t>(p)] == position_kept)
-                    texts[i] += model_.at(static_cast<int>(i), p);
-        return texts;
+            if (random() % 10 != 0) positions.push_back(p);
+        analyse(species, positions);
     }
     bool compute(std::string_view keys = "")
     {
@@ -111,8 +72,6 @@ protected:
         EXPECT_EQ(play(keys, [&] { ended = compute_dist_prot(); }).ending, Ending::returned);
         return ended;
     }
-
-    test::PlainModel model_;
 };
 
 } // namespace
@@ -152,7 +111,7 @@ TEST_F(ProtDistances, AreThoseOfThePlainComparisonOnAnyNumberOfThreads)
     for (unsigned seed = 1; seed <= 3; seed++) {
         std::mt19937 random(seed);
         const int species = seed == 1 ? 2 : 40; // one block of pairs, and more than a block
-        analyse(random, random_rows(random, species, static_cast<int>(random() % 500)));
+        analyse_most(random, random_rows(random, species, static_cast<int>(random() % 500)));
         const auto texts = kept_texts();
         alpha = seed % 2 == 0 ? 0.5 : 1.7;
         for (type_dist = 0; type_dist < prot_distances; type_dist++) {
@@ -184,7 +143,7 @@ TEST_F(ProtDistances, AreThoseOfThePlainComparisonOnAnyNumberOfThreads)
 TEST_F(ProtDistances, AreNotComputedWithoutWeightsNorAfterEscape)
 {
     std::mt19937 random(1);
-    analyse(random, random_rows(random, 5, 40));
+    analyse_most(random, random_rows(random, 5, 40));
     EXPECT_FALSE(compute("Q"));
     write_file("zoltexe/IDENTITE.MAT", "0 1 1");
     play("", [] { compute_dist_prot(); });
