@@ -11,8 +11,6 @@
 
 #include <unistd.h>
 
-#include <cstdlib>
-
 using namespace kq;
 using kq::test::Ending;
 

@@ -4,8 +4,6 @@
 #include "screen/text_state.h"
 #include "support/screen_test.h"
 
-#include <limits>
-
 namespace kq {
 namespace {
 

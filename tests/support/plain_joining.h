@@ -5,7 +5,6 @@
 // step by step in single precision: (d(k, j) + d(k, i)) - d(i, j), then halved.
 #pragma once
 
-#include <cstddef>
 #include <span>
 #include <string>
 #include <vector>

@@ -60,12 +60,9 @@ TEST(NomFile, ALineFindsItsPlace)
         std::string before, key, group, after;
     } cases[] = {
         {"", "Homo", "A", "Homo , A\n"},
-        {"Homo sapiens,A\nHomo,B\n", "Homo", "C", "Homo sapiens,A\nHomo , C\n"},
         // In order without regard to case, which the name itself has.
         {"ant,A\nCat,B\n", "Bee", "C", "ant,A\nBee , C\nCat,B\n"},
         {"a_b,A\nab,B\n\xc3\xa9,C\n", "aZ", "D", "a_b,A\nab,B\naZ , D\n\xc3\xa9,C\n"},
-        {"Zoe,A\nCat,B\n", "Cat", "C", "Zoe,A\nCat , C\n"},
-        {"Ab   ,   A\n", "Ab", "C", "Ab , C\n"},
         {long_line + "Mus,B\n", "Mus", "C", long_line + "Mus , C\n"},
         {long_line, "Long", "C", "Long , C\n"},
         // The reader knows 79 characters of a name.

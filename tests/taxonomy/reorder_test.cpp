@@ -50,16 +50,6 @@ public:
 
 } // namespace
 
-TEST_F(Reorder, NothingSelectedIsAWarning)
-{
-    select(1);
-    clear_selection();
-    type("Q");
-    EXPECT_EQ(redraw, TreeRedraw::tree);
-    type("");
-    EXPECT_EQ(line_of("You have not yet selected any species"), 8);
-}
-
 TEST_F(Reorder, NumbersAreTypedAndApplied)
 {
     select(5);
@@ -79,6 +69,10 @@ TEST_F(Reorder, NumbersAreTypedAndApplied)
     EXPECT_EQ(redraw, TreeRedraw::screen);
     EXPECT_EQ(nb_retenu, 0);
     EXPECT_EQ(selection_error(), "");
+    type("");
+    EXPECT_EQ(line_of("You have not yet selected any species"), 8);
+    type("Q");
+    EXPECT_EQ(redraw, TreeRedraw::tree);
 }
 
 TEST_F(Reorder, ShowsWhatIsKnownAboutASpecies)

@@ -54,7 +54,6 @@ TEST_F(GapCompactionTest, IsReachedByKeys)
         {left + "Right ( Right*2 ) Enter Down Enter", {"A*C*T", "AC*GT", "AG**T"}, 0},
         {right + "Right ( Right*2 ) Down Enter", {"A**CT", "AC*GT", "A**GT"}, 0},
         {left + "Right*3 ( Left*2 ) Down*2 Enter", {"AC**T", "ACG*T", "AG**T"}, 0},
-        {left + "Right ( Right*2 ) Escape", {"A*C*T", "AC*GT", "A*G*T"}, 0},
         {left + "Right ( Right*2 ) Enter Escape", {"A*C*T", "AC*GT", "A*G*T"}, 0},
         {left + "Right ( Escape", {"A*C*T", "AC*GT", "A*G*T"}, 0},
         {left + "Right (", {"A*C*T", "AC*GT", "A*G*T"}, 2},
