@@ -209,10 +209,6 @@ TEST_F(SimilarityTest, BoxesFitSmallWindows)
     load({"ACGUACGU", "ACGU****", "A"});
     edit("Down /");
     EXPECT_SCREEN("similarity_tiny");
-    edit("Down / Right*9");
-    EXPECT_TRUE(shows("o apply that)"));
-    edit("S Enter");
-    EXPECT_EQ(line(11), "| Sequ ACGUACGU    |") << "the prompt gives way to its field";
     edit("S Down*4 Enter Enter Right*2");
     EXPECT_EQ(line(2), "| Species          |");
 }
