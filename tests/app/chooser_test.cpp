@@ -11,6 +11,8 @@
 
 #include <unistd.h>
 
+#include <filesystem>
+
 using namespace kq;
 using kq::test::Ending;
 
@@ -52,6 +54,7 @@ TEST_F(ChooserTest, ShowsTheAlignmentsAndTheFilesInUse)
     write_file("seq/a_name_of_more_than_thirty_characters.ali", alignment);
     write_file("seq/.hidden.ali", alignment);
     write_file("seq/small.bak", alignment);
+    std::filesystem::create_directory(path("seq/folder.ali"));
     EXPECT_EQ(choose("").ending, Ending::script_ended);
     EXPECT_SCREEN("chooser");
     EXPECT_EQ(highlighted(), "Bacteria.ali");

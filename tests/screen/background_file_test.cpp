@@ -8,40 +8,22 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <condition_variable>
+#include <atomic>
 #include <cstdlib>
 #include <functional>
-#include <mutex>
 
 using namespace kq;
 
 namespace {
 
 // A disk that does not come to an end before it is told to.
-class SlowDisk {
-public:
-    void hold()
-    {
-        const std::lock_guard lock(mutex_);
-        held_ = true;
-    }
-    void release()
-    {
-        const std::lock_guard lock(mutex_);
-        held_ = false;
-        changed_.notify_all();
-    }
-    void wait()
-    {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return !held_; });
-    }
+constinit std::atomic<bool> disk_is_busy{false};
 
-private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    bool held_ = false;
-} disk;
+void release_disk()
+{
+    disk_is_busy = false;
+    disk_is_busy.notify_all();
+}
 
 const std::string block(1 << 20, 'x');
 
@@ -64,7 +46,7 @@ int status_of_child(const std::function<int()>& work)
 // Stands before the system's own in this program.
 extern "C" int fsync(int fd)
 {
-    disk.wait();
+    disk_is_busy.wait(true);
     return static_cast<int>(syscall(SYS_fsync, fd));
 }
 
@@ -72,10 +54,10 @@ TEST(BackgroundFile, AsksWhileTheDiskIsSlowAndIsThenComplete)
 {
     const test::Folder folder;
     folder.write("x", "an older file");
-    disk.hold();
+    disk_is_busy = true;
     int asked = 0;
     BackgroundFile file(folder.path("x"), [&asked] {
-        if (++asked == 5) disk.release(); // waiting without asking would never end
+        if (++asked == 5) release_disk(); // waiting without asking would never end
         return true;
     });
     std::string expected;
@@ -95,7 +77,7 @@ TEST(BackgroundFile, StoppedItLeavesNothingEvenWhileTheDiskIsBusy)
 {
     const test::Folder folder;
     folder.write("x", "an older file");
-    disk.hold();
+    disk_is_busy = true;
     bool stop = false;
     {
         BackgroundFile file(folder.path("x"), [&stop] { return !stop; });
@@ -108,7 +90,7 @@ TEST(BackgroundFile, StoppedItLeavesNothingEvenWhileTheDiskIsBusy)
         EXPECT_FALSE(file.commit());
     }
     EXPECT_EQ(folder.names(), std::vector<std::string>{"x"});
-    disk.release();
+    release_disk();
 
     {
         BackgroundFile(folder.path("y"), go_on_always).write(block);

@@ -53,24 +53,6 @@ TEST_F(Files, OnlyRegularFilesAreCopied)
     EXPECT_EQ(file_names("seq"), Names{"pipe"});
 }
 
-TEST_F(Files, AFileThatCannotBeCreatedOrPutInPlaceSaysSo)
-{
-    NewFile nowhere(path("nowhere/a.ali"));
-    nowhere.write("x");
-    EXPECT_FALSE(nowhere.commit());
-    EXPECT_EQ(nowhere.error(),
-              "Problem in opening file " + path("nowhere/a.ali") + " (No such file or directory)");
-
-    std::filesystem::create_directory(path("seq/a.ali"));
-    {
-        NewFile taken(path("seq/a.ali"));
-        EXPECT_FALSE(taken.commit());
-        EXPECT_TRUE(taken.error().ends_with(" to " + path("seq/a.ali") + " (Is a directory)"))
-            << taken.error();
-    }
-    EXPECT_EQ(file_names("seq"), Names{"a.ali"});
-}
-
 TEST_F(Files, ALeftoverTemporaryIsReplacedNotFollowed)
 {
     write_file("seq/precious", "kept");
@@ -135,16 +117,6 @@ TEST_F(Files, AFatalEndRescuesUnsavedWorkOnce)
     set_rescue([]() -> std::string { erreur_fatale("The rescue fails too"); });
     const auto played = play("", [] { erreur_fatale("Bad luck"); });
     EXPECT_EQ(played.ending, Ending::program_ended);
-}
-
-TEST_F(Files, ListsNamesInByteOrder)
-{
-    for (const char* name :
-         {"b.ali", "B.ali", "a.ali", "_.ali", "\xE9.ali", "a.bak", ".hidden.ali", "xali", "a.ali.x"})
-        write_file(std::string("seq/") + name, "");
-    std::filesystem::create_directory(path("seq/directory.ali"));
-    EXPECT_EQ(read_name_file(path("seq/"), ".ali"), (Names{"B.ali", "_.ali", "a.ali", "b.ali", "\xE9.ali"}));
-    EXPECT_EQ(read_name_file(path("nowhere/"), ".ali"), Names{});
 }
 
 TEST_F(Files, DirectoriesComeFromTheEnvironment)
