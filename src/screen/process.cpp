@@ -309,7 +309,8 @@ std::string run_problem(std::string_view program, const RunResult& result)
 bool program_found(const std::string& program)
 {
     const auto executable = [](const std::string& path) {
-        return access(path.c_str(), X_OK) == 0 && std::filesystem::is_regular_file(path);
+        std::error_code gone; // in the meantime
+        return access(path.c_str(), X_OK) == 0 && std::filesystem::is_regular_file(path, gone);
     };
     if (program.find('/') != std::string::npos) return executable(program);
     const char* const path = std::getenv("PATH");

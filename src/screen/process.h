@@ -46,7 +46,7 @@ struct RunResult {
 
 // Runs argument_vector[0], searched on PATH when it has no "/", to its end. It reads /dev/null and has a
 // process group of its own. When it ends, is cancelled (SIGTERM, a moment later SIGKILL) or this program
-// ends, nothing of that group stays behind.
+// ends, nothing of that group stays behind: all of it has ended when this returns or throws.
 RunResult run_program(std::span<const std::string> argument_vector, const RunOptions& options = {});
 
 // "PROGRAM could not be started (No such file or directory)" and the like, for a warning; "" after success.
