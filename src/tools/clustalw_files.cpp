@@ -90,14 +90,14 @@ public:
 
     ResultProblem read()
     {
-        std::string_view head;
-        const bool has_matrix = take_head(head);
+        const std::string_view head = take_head();
+        const bool has_matrix = head.size() < text_.size();
         if (read_head(head) && (has_matrix || refuse("it has no matrix")) && find_rows()) join_rows();
         return std::move(problem_);
     }
 
 private:
-    bool take_head(std::string_view& head);
+    std::string_view take_head();
     // False with the problem noted, as the next two.
     bool read_head(std::string_view head);
     bool find_rows();
@@ -128,17 +128,13 @@ private:
     std::vector<std::string_view> pieces_;
 };
 
-// The lines before the matrix; false when there is none.
-bool NexusReader::take_head(std::string_view& head)
+// The lines before that of the word "matrix"; all of the text when there is none.
+std::string_view NexusReader::take_head()
 {
     constexpr std::size_t longest = 100000; // of a text that may still be a head
-    bool has_matrix = false;
-    while (!has_matrix && !left_.empty() && head.size() < longest) {
-        head = text_.substr(0, text_.size() - left_.size());
-        has_matrix = begins_with(take_line(left_), "matrix");
-    }
-    if (!has_matrix) head = text_;
-    return has_matrix;
+    for (std::size_t length = 0; length < longest && !left_.empty(); length = text_.size() - left_.size())
+        if (begins_with(take_line(left_), "matrix")) return text_.substr(0, length);
+    return text_;
 }
 
 bool NexusReader::read_head(std::string_view head)
