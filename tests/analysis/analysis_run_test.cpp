@@ -3,17 +3,22 @@
 #include "analysis/analysis_run.h"
 #include "analysis/distance_matrix.h"
 #include "analysis/progress.h"
-#include "analysis/stored_analysis.h"
 #include "app/program_test.h"
+#include "core/options.h"
 #include "core/store.h"
 #include "raster/grx.h"
+#include "screen/directories.h"
+#include "screen/files.h"
 #include "screen/system_memory.h"
+#include "support/plain_analysis.h"
+#include "taxonomy/frame_files.h"
 
 #include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <sstream>
 
 namespace kq {
 namespace {
@@ -28,6 +33,30 @@ const std::string select_all = "Home F2 ", finish = "F3 Esc ";
 std::string level(int number)
 {
     return "BackSpace " + std::to_string(number) + " Enter*3 ";
+}
+
+// The alignment in the store as the plain version takes it.
+plain::Analysis stored_analysis()
+{
+    plain::Analysis stored;
+    stored.file = file_ALI;
+    stored.file_date = date_fichier(dir_SEQ + file_ALI);
+    stored.today = date();
+    stored.colours = file_COL;
+    stored.groups = file_NOM;
+    stored.type = type_seq;
+    stored.columns = nb_nuc_tot;
+    stored.identifier_option = opt_identificateur;
+    stored.all_columns_shown = opt_nogap != 0;
+    for (int s = 0; s < nb_spec; s++)
+        stored.species.push_back({std::string(identifier(s)), test::row_text(s)});
+    for (int e = 0; e < nb_ens; e++)
+        stored.ensembles.emplace_back(members(e).begin(), members(e).end());
+    std::istringstream matrix(test::read_bytes(dir_ZOLTEXE + "IDENTITE.MAT"));
+    for (auto& weights : stored.identity)
+        for (double& weight : weights)
+            matrix >> weight;
+    return stored;
 }
 
 class AnalysisRun : public test::ProgramTest {
@@ -95,7 +124,7 @@ TEST_F(AnalysisRun, EachLevelWritesItsFilesFromTheEditorAndFromTheTree)
             EXPECT_EQ(names_of(last), expected_files(name, i));
             EXPECT_EQ(dist, nullptr);
         }
-        plain::Analysis analysis = test::stored_analysis();
+        plain::Analysis analysis = stored_analysis();
         analysis.level = 3;
         EXPECT_TRUE(last == plain::analysis_files(analysis)) << name;
         EXPECT_EQ(run(open + select_all + "S-F7 " + level(3)), Ending::script_ended);

@@ -49,12 +49,6 @@ TEST(WeightMatrices, SayWhatIsWrongWithTheirFile)
         {numbers_and(7, "A C D E F"), "Number 7 of the 400 weights in # is no number"},
         {numbers_and(401, "", ","), "Number 2 of the 400 weights in # is no number"},
         {std::string("1\0 1", 4), "Number 2 of the 400 weights in # is no number"},
-        {numbers_and(9, "nan"), "Number 9 of the 400 weights in # is not between -1000000 and 1000000"},
-        {numbers_and(9, "-inf"), "Number 9 of the 400 weights in # is not between -1000000 and 1000000"},
-        {numbers_and(9, "1e999"), "Number 9 of the 400 weights in # is not between -1000000 and 1000000"},
-        {numbers_and(9, "1000001"), "Number 9 of the 400 weights in # is not between -1000000 and 1000000"},
-        {numbers_and(9, "-" + std::string(100000, '9')),
-         "Number 9 of the 400 weights in # is not between -1000000 and 1000000"},
     };
     const auto problem_with = [&folder](const std::string& name) {
         auto error = read_weight_matrix(folder.path(name)).error;
@@ -65,6 +59,11 @@ TEST(WeightMatrices, SayWhatIsWrongWithTheirFile)
     for (const auto& [bytes, problem] : cases) {
         folder.write("CONS.MAT", bytes);
         EXPECT_EQ(problem_with("CONS.MAT"), problem) << bytes.substr(0, 99);
+    }
+    for (const std::string number : {"nan", "-inf", "1e999", "1000001", "-999999999999999999999999999"}) {
+        folder.write("CONS.MAT", numbers_and(9, number));
+        EXPECT_EQ(problem_with("CONS.MAT"),
+                  "Number 9 of the 400 weights in # is not between -1000000 and 1000000");
     }
     EXPECT_EQ(problem_with("NOCONS.MAT"), "Problem in opening file # (No such file or directory)");
     ASSERT_EQ(mkfifo(folder.path("PIPE.MAT").c_str(), 0600), 0);

@@ -102,7 +102,6 @@ TEST_F(GroupList, SurvivesAnyGeometryAndKeys)
         EXPECT_NE(current(), "none");
         EXPECT_EQ(screen_cell(_nb_line / 2, _nb_col).shape, shape_vertical) << "the frame is whole";
     }
-    open({});
 }
 
 TEST_F(GroupList, KeysOfTheKeypadGiveColours)

@@ -277,5 +277,4 @@ TEST_F(Lists, WorkInSmallWindows)
         EXPECT_EQ(play(keys, forever).ending, Ending::script_ended) << errors();
         EXPECT_EQ(selection_error(), "");
     }
-    open({});
 }

@@ -180,7 +180,6 @@ TEST_F(SpeciesList, EveryStepLeavesTheScreenAsAWholeRedrawWould)
             EXPECT_TRUE(stepwise == screen_dump()) << keys;
         }
     }
-    open({});
 }
 
 // Whatever is done, ranks and counts are those of a recount.
