@@ -203,7 +203,7 @@ bool NexusReader::find_row(std::string_view line)
 void NexusReader::expect_lines_of(std::ptrdiff_t length)
 {
     pieces_.reserve(text_.size() / static_cast<std::size_t>(length) + row_count_);
-    prefer_large_pages(pieces_.data(), pieces_.capacity() * sizeof pieces_[0]);
+    prefer_large_pages(pieces_.data(), pieces_.capacity() * sizeof(std::string_view));
 }
 
 void NexusReader::join_rows()
