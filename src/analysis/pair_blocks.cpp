@@ -130,7 +130,8 @@ bool for_pair_blocks(int n, int side, const PairBody& body, const Report& report
 {
     const std::int64_t rows = (n + side - 1) / side;
     Run run{.body = body, .report = report, .blocks = rows * (rows + 1) / 2, .n = n, .side = side};
-    const auto threads = static_cast<int>(std::clamp<std::int64_t>(run.blocks, 1, omp_get_max_threads()));
+    [[maybe_unused]] const int threads = // its use below escapes clang's analyzer
+        static_cast<int>(std::clamp<std::int64_t>(run.blocks, 1, omp_get_max_threads()));
 #pragma omp parallel num_threads(threads)
     take_part(run);
     if (run.failure) std::rethrow_exception(run.failure);
