@@ -5,7 +5,6 @@
 #include "core/store.h"
 #include "screen/directories.h"
 #include "support/ali_folder.h"
-#include "support/shared_data.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -85,10 +84,9 @@ TEST(AliWriter, WhatIsSavedIsReadBackTheSame)
         {"crlf.ali", "#16S\n#Bacteria\n>a\nACGT\r\n>b\nA\r\n>c\n \r\n"},
         {"lower.ali", "#\n#\n>a b@c\n  aC-$?X* t\n>b\n*\n>\n\n"},
     };
-    if (const auto data = kq::test::shared_data())
-        for (const auto* name : {"ovomucoid/ZOLT/seq/ovomucoid", "proteases/ZOLT/seq/proteases",
-                                 "ssu_medium/ZOLT/seq/ssu_medium", "yeast_wide/ZOLT/seq/yeast_wide"})
-            files.emplace_back("real.ali", kq::test::read_bytes(*data + "/" + name + ".ali"));
+    for (const auto* name : {"ovomucoid", "proteases", "ssu_frag", "ssu_small"})
+        files.emplace_back("real.ali", kq::test::read_bytes(KQ_SOURCE_DIRECTORY "/demo/ZOLT/seq/" +
+                                                            std::string(name) + ".ali"));
     for (auto& [name, bytes] : files) {
         SCOPED_TRACE(name + ": " + bytes.substr(0, 40));
         for (std::size_t at = 0; (at = bytes.find("#NEW#", at)) != std::string::npos;)
